@@ -8,7 +8,7 @@ group_packages ()
   case $1 in
     # juce-modules-source is content with any libcurl: ours must be named in the same installation.
     build)
-      echo g++ cmake ninja-build ccache pkg-config catch2 juce-modules-source juce-tools \
+      echo g++ cmake ninja-build ccache patch pkg-config catch2 juce-modules-source juce-tools \
         libcurl4-openssl-dev libfreetype-dev libjpeg-dev libpng-dev zlib1g-dev \
         libx11-dev libxcursor-dev libxext-dev libxinerama-dev libxrandr-dev ;;
     test) echo xvfb openbox xdotool x11-utils imagemagick fonts-dejavu-core ;;

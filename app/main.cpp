@@ -1,0 +1,3 @@
+#include "app/theApp.h"
+
+START_JUCE_APPLICATION (theApp)

@@ -1,0 +1,36 @@
+#include "app/registryValue.h"
+#include <juce_data_structures/juce_data_structures.h>
+
+#if JUCE_WINDOWS
+
+juce::String getRegistryValue (const juce::String& valuePath)
+{
+    return juce::WindowsRegistry::getValue (valuePath);
+}
+
+#else
+
+/** The user's folder for settings, as the XDG base directory specification finds it: a variable that is unset
+    or not an absolute path stands for ~/.config. */
+static juce::File settingsFolder ()
+{
+    const auto configured = juce::SystemStats::getEnvironmentVariable ("XDG_CONFIG_HOME", {});
+
+    if (juce::File::isAbsolutePath (configured))
+        return configured;
+
+    return juce::File::getSpecialLocation (juce::File::userHomeDirectory).getChildFile (".config");
+}
+
+juce::String getRegistryValue (const juce::String& valuePath)
+{
+    juce::PropertiesFile::Options options;
+    options.storageFormat = juce::PropertiesFile::storeAsXML;
+    options.millisecondsBeforeSaving = -1; // only read here, never saved
+
+    const juce::PropertiesFile settings (
+        settingsFolder().getChildFile ("Dorvik Electronics").getChildFile ("registry.settings"), options);
+    return settings.getValue (valuePath);
+}
+
+#endif

@@ -1,0 +1,80 @@
+# JUCE 7.0.5 from the system's package, copied into the build tree, patched, and compiled once into a
+# static library. Its modules are private sources of that library; what a user of it needs, include
+# folders and switches, is handed on through its interface.
+
+find_package (JUCE 7.0.5 EXACT CONFIG REQUIRED)   # JUCE_MODULES_DIR and the binary-data tool
+find_program (PATCH_PROGRAM patch REQUIRED)
+
+set (framework_dir ${CMAKE_BINARY_DIR}/framework)
+set (framework_modules juce_core juce_events juce_data_structures juce_cryptography juce_graphics juce_gui_basics)
+file (GLOB framework_patches CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/patches/*.patch)
+
+# The copy is made anew whenever a patch changes; the stamp holds what it was made from.
+set (wanted_stamp "${JUCE_MODULES_DIR}")
+foreach (patch_file IN LISTS framework_patches)
+  file (SHA256 ${patch_file} patch_hash)
+  string (APPEND wanted_stamp "\n${patch_hash}")
+endforeach()
+
+set (stamp_file ${framework_dir}/stamp)
+set (present_stamp "")
+if (EXISTS ${stamp_file})
+  file (READ ${stamp_file} present_stamp)
+endif()
+
+if (NOT present_stamp STREQUAL wanted_stamp)
+  file (REMOVE_RECURSE ${framework_dir})
+  foreach (module IN LISTS framework_modules)
+    file (COPY ${JUCE_MODULES_DIR}/${module} DESTINATION ${framework_dir})
+  endforeach()
+
+  foreach (patch_file IN LISTS framework_patches)
+    execute_process (COMMAND ${PATCH_PROGRAM} --binary --forward --fuzz=0 --strip=1 --input=${patch_file}
+                     WORKING_DIRECTORY ${framework_dir}
+                     RESULT_VARIABLE patch_result OUTPUT_VARIABLE patch_output ERROR_VARIABLE patch_output)
+    if (NOT patch_result EQUAL 0)
+      file (REMOVE_RECURSE ${framework_dir})
+      message (FATAL_ERROR "The framework patch ${patch_file} no longer applies:\n${patch_output}")
+    endif()
+  endforeach()
+
+  file (WRITE ${stamp_file} "${wanted_stamp}")
+endif()
+
+add_library (framework STATIC)
+foreach (module IN LISTS framework_modules)
+  target_sources (framework PRIVATE ${framework_dir}/${module}/${module}.cpp)
+endforeach()
+set_source_files_properties (${framework_dir}/juce_cryptography/juce_cryptography.cpp PROPERTIES
+                             COMPILE_OPTIONS "$<$<CONFIG:Release>:-O3>")
+
+target_compile_options (framework PRIVATE -w)
+target_include_directories (framework SYSTEM PUBLIC ${framework_dir})
+target_compile_definitions (framework PUBLIC
+  JUCE_GLOBAL_MODULE_SETTINGS_INCLUDED=1
+  JUCE_STANDALONE_APPLICATION=1
+  JUCE_MODAL_LOOPS_PERMITTED=1
+  JUCE_WEB_BROWSER=0
+  JUCE_DISPLAY_SPLASH_SCREEN=0      # allowed by the GPL, under which the product is published
+  JUCE_LOAD_CURL_SYMBOLS_LAZILY=0
+  $<IF:$<CONFIG:Debug>,DEBUG=1,NDEBUG=1>
+  $<$<CONFIG:Debug>:_DEBUG=1>
+  $<$<CONFIG:Debug>:JUCE_LOG_ASSERTIONS=1>)
+foreach (module IN LISTS framework_modules)
+  target_compile_definitions (framework PUBLIC JUCE_MODULE_AVAILABLE_${module}=1)
+endforeach()
+
+find_package (PNG REQUIRED)
+find_package (JPEG REQUIRED)
+find_package (ZLIB REQUIRED)
+target_link_libraries (framework PUBLIC PNG::PNG JPEG::JPEG ZLIB::ZLIB)
+
+if (WIN32)
+  target_link_libraries (framework PUBLIC
+    uuid wsock32 wininet version ole32 ws2_32 oleaut32 imm32 comdlg32 shlwapi rpcrt4 winmm dxgi)
+else()
+  find_package (CURL REQUIRED)
+  find_package (Freetype REQUIRED)
+  find_package (Threads REQUIRED)
+  target_link_libraries (framework PUBLIC CURL::libcurl Freetype::Freetype Threads::Threads rt ${CMAKE_DL_LIBS})
+endif()

@@ -1,0 +1,6 @@
+#include "net/storeAddress.h"
+
+juce::String storeAddress ()
+{
+    return STORE_URL;
+}

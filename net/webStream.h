@@ -1,0 +1,41 @@
+#pragma once
+
+#include <functional>
+#include <juce_core/juce_core.h>
+#include <memory>
+
+/** One request to the store or to an item's server. Built, used once. */
+struct webRequest
+{
+    /** Absolute address, sent as it stands, query included. Only http and https are opened. */
+    juce::String address;
+
+    /** A form-encoded body makes the request a POST; without one it is a GET. */
+    juce::String postData;
+
+    /** Session token. Sent as the header "Authorization: " + token, without surrounding blanks and control
+        characters; empty for no such header. Never sent to another origin. */
+    juce::String token;
+
+    /** Handed to the framework, which reports the sending of a body with it: bytes done and in all; false
+        cancels. May be empty. */
+    std::function<bool (int, int)> progress;
+};
+
+/** What came back. */
+struct webReply
+{
+    /** The body, positioned at its start; null when no connection was made or no proper reply came. */
+    std::unique_ptr<juce::InputStream> stream;
+
+    /** Response headers, keys compared without regard to case. Empty without a stream. */
+    juce::StringPairArray headers{ true };
+
+    /** HTTP status of the last hop, 0 without a stream. A refusal (404, 500, ...) has a stream too. */
+    int status = 0;
+};
+
+/** Sends a request and waits for the reply's headers, at most the system's 30 seconds of silence. Follows up to
+    five redirects: relative addresses are resolved, a sixth redirect, a redirect from https to http and one that
+    would carry a POST body to another origin are no stream. Message thread; blocks. */
+webReply openWebStream (const webRequest& request);

@@ -1,0 +1,60 @@
+#include "tests/support/freshFramework.h"
+#include "app/installationPaths.h"
+#include <cstdlib>
+#include <iostream>
+#include <juce_gui_basics/juce_gui_basics.h>
+
+namespace
+{
+/** The framework only logs a failed assertion when no debugger is attached; a test must not pass over one. */
+struct assertionLogger : juce::Logger
+{
+    void logMessage (const juce::String& message) override
+    {
+        std::cerr << message << std::endl;
+
+        if (message.contains ("Assertion failure"))
+            std::_Exit (EXIT_FAILURE);
+    }
+};
+
+assertionLogger logger;
+std::unique_ptr<juce::ScopedJuceInitialiser_GUI> framework;
+juce::File settingsFolder;
+}
+
+void startFramework ()
+{
+    // Without an application to create, the framework installs no handler for X errors and the first one
+    // ends the process.
+    juce::JUCEApplicationBase::createInstance = [] () -> juce::JUCEApplicationBase* { return nullptr; };
+    juce::Logger::setCurrentLogger (&logger);
+
+    settingsFolder = juce::File::createTempFile ("rigmart-settings");
+    settingsFolder.createDirectory();
+#if ! JUCE_WINDOWS
+    setenv ("XDG_CONFIG_HOME", settingsFolder.getFullPathName().toRawUTF8(), 1);
+#endif
+
+    installationFolder.clear();
+    registryKeyPath.clear();
+    guiDataSource = nullptr;
+    framework = std::make_unique<juce::ScopedJuceInitialiser_GUI>();
+}
+
+void stopFramework ()
+{
+    auto& desktop = juce::Desktop::getInstance();
+    desktop.getAnimator().cancelAllAnimations (false);
+
+    while (desktop.getNumComponents() > 0)
+    {
+        std::unique_ptr<juce::Component> window (desktop.getComponent (0));
+        window->removeFromDesktop();
+        window.release(); // owned by the test, or by a dialog that ended with it
+    }
+
+    framework.reset();
+    juce::Logger::setCurrentLogger (nullptr);
+    settingsFolder.deleteRecursively();
+}

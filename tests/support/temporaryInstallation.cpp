@@ -1,0 +1,40 @@
+#include "tests/support/temporaryInstallation.h"
+#include "app/installationPaths.h"
+#include <catch2/catch.hpp>
+
+temporaryInstallation::temporaryInstallation()
+    : folder (juce::File::createTempFile ("rigmart-install"))
+{
+    REQUIRE (folder.createDirectory().wasOk());
+    installationFolder = folder.getFullPathName();
+}
+
+temporaryInstallation::~temporaryInstallation()
+{
+    installationFolder.clear();
+    folder.deleteRecursively();
+}
+
+juce::File temporaryInstallation::write (const juce::String& path, const juce::String& text) const
+{
+    return write (path, juce::MemoryBlock (text.toRawUTF8(), text.getNumBytesAsUTF8()));
+}
+
+juce::File temporaryInstallation::write (const juce::String& path, const juce::MemoryBlock& bytes) const
+{
+    auto file = folder.getChildFile (path);
+    REQUIRE (file.create().wasOk());
+    REQUIRE (file.replaceWithData (bytes.getData(), bytes.getSize()));
+    return file;
+}
+
+juce::StringArray temporaryInstallation::files() const
+{
+    juce::StringArray result;
+
+    for (auto& entry : juce::RangedDirectoryIterator (folder, true, "*", juce::File::findFiles))
+        result.add (entry.getFile().getRelativePathFrom (folder).replaceCharacter ('\\', '/'));
+
+    result.sort (false);
+    return result;
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <juce_core/juce_core.h>
+
+/** A fresh, empty installation folder that `installationFolder` names while this lives; removed with all that
+    is in it. */
+class temporaryInstallation
+{
+public:
+    temporaryInstallation();
+    ~temporaryInstallation();
+
+    juce::File folder;
+
+    /** Writes a file below the folder, with its parents. */
+    juce::File write (const juce::String& path, const juce::String& text) const;
+    juce::File write (const juce::String& path, const juce::MemoryBlock& bytes) const;
+
+    /** Paths of all files below the folder, relative, with forward slashes, sorted. */
+    juce::StringArray files () const;
+};
