@@ -1,0 +1,53 @@
+#include "net/validText.h"
+#include <string>
+
+/** Length of the well-formed UTF-8 sequence that `bytes` start with, 0 when there is none. The framework's own
+    test also passes overlong forms, surrogates and code points above U+10FFFF. */
+static size_t sequenceLength (const juce::uint8* bytes, size_t available)
+{
+    const auto lead = bytes[0];
+
+    if (lead < 0x80)
+        return 1;
+
+    const size_t length = lead >= 0xf0 ? 4 : lead >= 0xe0 ? 3 : 2;
+
+    if (lead < 0xc2 || lead > 0xf4 || available < length)
+        return 0;
+
+    const auto lowest = lead == 0xe0 ? 0xa0 : lead == 0xf0 ? 0x90 : 0x80;
+    const auto highest = lead == 0xed ? 0x9f : lead == 0xf4 ? 0x8f : 0xbf;
+
+    if (bytes[1] < lowest || bytes[1] > highest)
+        return 0;
+
+    for (size_t i = 2; i < length; ++i)
+        if ((bytes[i] & 0xc0) != 0x80)
+            return 0;
+
+    return length;
+}
+
+juce::String validText (const void* bytes, size_t size)
+{
+    const auto* text = static_cast<const juce::uint8*> (bytes);
+    std::string valid;
+    valid.reserve (size);
+
+    for (size_t i = 0; i < size && text[i] != 0;)
+    {
+        if (const auto length = sequenceLength (text + i, size - i))
+        {
+            valid.append (reinterpret_cast<const char*> (text) + i, length);
+            i += length;
+        }
+        else
+        {
+            const auto character = juce::CharacterFunctions::getUnicodeCharFromWindows1252Codepage (text[i]);
+            valid += juce::String::charToString (character).toStdString();
+            ++i;
+        }
+    }
+
+    return { juce::CharPointer_UTF8 (valid.data()), juce::CharPointer_UTF8 (valid.data() + valid.size()) };
+}

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <juce_core/juce_core.h>
+
+/** The text that bytes from outside hold, up to their first zero byte. Well-formed UTF-8 comes out exactly as it
+    is, a byte-order mark included; each byte that belongs to no well-formed sequence is read as a character of
+    Windows-1252, so that a page of an older server stays legible.
+
+    A juce::String that was made of damaged UTF-8 in another way can be read past its end: text that comes from
+    the network or from a file goes through here first. */
+juce::String validText (const void* bytes, size_t size);
