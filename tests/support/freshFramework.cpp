@@ -58,3 +58,9 @@ void stopFramework ()
     juce::Logger::setCurrentLogger (nullptr);
     settingsFolder.deleteRecursively();
 }
+
+/** The X libraries keep their locale tables for the life of the process. */
+extern "C" const char* __lsan_default_suppressions ()
+{
+    return "leak:libX11\n";
+}
