@@ -12,8 +12,8 @@ set (CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
 set (CMAKE_EXE_LINKER_FLAGS_INIT -static)
 
 # Libraries are the ones that scripts/windows-libs.sh made, all static, and no others: the import library
-# of a DLL cannot slip in. CMake packages are the host's, from
-# the folder that a build for the host searches by itself: the framework comes as sources.
+# of a DLL cannot slip in. CMake packages are the host's, from the folder that a build for the host searches
+# by itself: the framework comes as sources.
 get_filename_component (CMAKE_FIND_ROOT_PATH "${CMAKE_CURRENT_LIST_DIR}/../build/windows-libs" ABSOLUTE)
 set (CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set (CMAKE_FIND_ROOT_PATH_MODE_PACKAGE NEVER)

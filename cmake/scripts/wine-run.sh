@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Usage: wine-run.sh PROGRAM ARGS...
 # Runs a Windows program in this checkout's Wine prefix and ends with its exit code. PROGRAM may also be
-# one of Wine's own, such as "reg".
+# one of Wine's own, such as "reg". Whatever signal ends this script kills the program, without a word to it.
 set -euo pipefail
 
 build=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)/build
@@ -15,4 +15,15 @@ fi
 
 # No .NET, no HTML engine, and no menu entries on the host.
 export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe="
-exec wine "$@"
+
+# Wine's server and services start with the first program, which takes a second. They stay for half a minute
+# after the last one, so that programs that follow each other find them. One that runs already is no error.
+wineserver --persistent=30 </dev/null &>/dev/null || true
+
+# Wine's processes in the background keep the error stream of the program that started them, and a caller
+# that reads it through a pipe would wait for them, too. A file in between keeps them off.
+errors=$(mktemp)
+trap 'cat "$errors" >&2; rm "$errors"' EXIT
+setpriv --pdeathsig KILL wine "$@" <&0 2>"$errors" &
+trap 'kill -KILL $!' TERM INT
+wait $!
