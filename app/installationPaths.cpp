@@ -11,7 +11,7 @@ jSimpleArchive* guiDataSource = nullptr;
 
 /** Points guiDataSource at the interface pictures below the installation folder, if there are any: a folder
     wins over a packed archive. */
-static void findGuiData ()
+static void findGuiData()
 {
     const auto guiPath = installationFolder + "/gui/" + juce::String (productName).toLowerCase();
     const auto archivePath = guiPath + ".sa";
@@ -28,7 +28,7 @@ static void findGuiData ()
     }
 }
 
-void findInstallationPaths ()
+void findInstallationPaths()
 {
     if (installationFolder.isNotEmpty())
         return;

@@ -24,4 +24,4 @@ extern jSimpleArchive* guiDataSource;
 
 /** Reads the installation folder from the registry and picks the source of the interface pictures. Reports
     each failure in a message box and never stops the start. Does nothing once a folder was found. */
-void findInstallationPaths ();
+void findInstallationPaths();

@@ -12,7 +12,7 @@ juce::String getRegistryValue (const juce::String& valuePath)
 
 /** The user's folder for settings, as the XDG base directory specification finds it: a variable that is unset
     or not an absolute path stands for ~/.config. */
-static juce::File settingsFolder ()
+static juce::File settingsFolder()
 {
     const auto configured = juce::SystemStats::getEnvironmentVariable ("XDG_CONFIG_HOME", {});
 

@@ -30,7 +30,7 @@ void theApp::initialise (const juce::String&)
             setVisible (true);
         }
 
-        void closeButtonPressed () override
+        void closeButtonPressed() override
         {
             delete this;
             quit();

@@ -7,9 +7,9 @@
 class theApp : public juce::JUCEApplication
 {
 public:
-    const juce::String getApplicationName () override;
-    const juce::String getApplicationVersion () override;
-    bool moreThanOneInstanceAllowed () override;
+    const juce::String getApplicationName() override;
+    const juce::String getApplicationVersion() override;
+    bool moreThanOneInstanceAllowed() override;
     void initialise (const juce::String& commandLine) override;
-    void shutdown () override;
+    void shutdown() override;
 };

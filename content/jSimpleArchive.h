@@ -14,10 +14,10 @@ public:
     virtual ~jSimpleArchive() = default;
 
     /** Whether the reader serves a folder. */
-    virtual bool isDirectory () const;
+    virtual bool isDirectory() const;
 
     /** The path it was opened on, empty before. */
-    virtual juce::String getArchivePath () const;
+    virtual juce::String getArchivePath() const;
 
     /** Appends the names that match a wildcard pattern, case ignored, then those of `fallback`. */
     virtual void findEntries (const juce::String& pattern, juce::StringArray& results) const;
@@ -28,7 +28,7 @@ public:
     virtual bool open (const juce::String& path);
 
     /** Whether it was opened without an error and holds an entry. */
-    virtual bool isValid () const;
+    virtual bool isValid() const;
 
     /** Copies 16 bytes of the header block, from file position 8 + offset, into the caller's buffer; zeros
         where the block does not reach. */

@@ -1,6 +1,6 @@
 #include "net/storeAddress.h"
 
-juce::String storeAddress ()
+juce::String storeAddress()
 {
     return STORE_URL;
 }

@@ -4,4 +4,4 @@
 
 /** Origin of the store's web service and web site: scheme, host and port, without a trailing slash. Compiled
     in; alone in its source file, so that a test program can link another. */
-juce::String storeAddress ();
+juce::String storeAddress();

@@ -29,16 +29,16 @@ public:
     std::function<void (juce::AlertWindow&)> whileOpen;
 
     /** The boxes so far, in the order in which they opened. */
-    const std::vector<box>& seen () const { return boxes; }
+    const std::vector<box>& seen() const { return boxes; }
 
     /** Their texts. */
-    juce::StringArray texts () const;
+    juce::StringArray texts() const;
 
     /** The message box that is open now and in front, or null. */
-    static juce::AlertWindow* openBox ();
+    static juce::AlertWindow* openBox();
 
 private:
-    void timerCallback () override;
+    void timerCallback() override;
 
     std::vector<box> boxes;
     std::deque<juce::String> answers;

@@ -23,11 +23,11 @@ std::unique_ptr<juce::ScopedJuceInitialiser_GUI> framework;
 juce::File settingsFolder;
 }
 
-void startFramework ()
+void startFramework()
 {
     // Without an application to create, the framework installs no handler for X errors and the first one
     // ends the process.
-    juce::JUCEApplicationBase::createInstance = [] () -> juce::JUCEApplicationBase* { return nullptr; };
+    juce::JUCEApplicationBase::createInstance = []() -> juce::JUCEApplicationBase* { return nullptr; };
     juce::Logger::setCurrentLogger (&logger);
 
     settingsFolder = juce::File::createTempFile ("rigmart-settings");
@@ -42,7 +42,7 @@ void startFramework ()
     framework = std::make_unique<juce::ScopedJuceInitialiser_GUI>();
 }
 
-void stopFramework ()
+void stopFramework()
 {
     auto& desktop = juce::Desktop::getInstance();
     desktop.getAnimator().cancelAllAnimations (false);
@@ -60,7 +60,7 @@ void stopFramework ()
 }
 
 /** The X libraries keep their locale tables for the life of the process. */
-extern "C" const char* __lsan_default_suppressions ()
+extern "C" const char* __lsan_default_suppressions()
 {
     return "leak:libX11\n";
 }

@@ -1,8 +1,8 @@
 #pragma once
 
 /** Starts the framework with a settings folder of its own, and with the program-wide paths empty. */
-void startFramework ();
+void startFramework();
 
 /** Lets go of every window and ends the framework. An assertion of the framework since startFramework fails
     the test program. */
-void stopFramework ();
+void stopFramework();

@@ -17,5 +17,5 @@ public:
     juce::File write (const juce::String& path, const juce::MemoryBlock& bytes) const;
 
     /** Paths of all files below the folder, relative, with forward slashes, sorted. */
-    juce::StringArray files () const;
+    juce::StringArray files() const;
 };

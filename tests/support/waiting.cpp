@@ -15,7 +15,7 @@ void waitFor (const char* what, const std::function<bool()>& condition, int dead
     }
 }
 
-void drainMessages ()
+void drainMessages()
 {
     for (int round = 0; round < 3; ++round)
     {

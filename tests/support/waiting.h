@@ -7,4 +7,4 @@
 void waitFor (const char* what, const std::function<bool()>& condition, int deadlineMs = 20000);
 
 /** Lets every message that is already queued, and those that these queue, be handled. */
-void drainMessages ();
+void drainMessages();
