@@ -1,4 +1,5 @@
 #include "net/validText.h"
+#include <algorithm>
 #include <string>
 
 /** Length of the well-formed UTF-8 sequence that `bytes` start with, 0 when there is none. The framework's own
@@ -28,26 +29,55 @@ static size_t sequenceLength (const juce::uint8* bytes, size_t available)
     return length;
 }
 
-juce::String validText (const void* bytes, size_t size)
+bool isValidText (const void* bytes, size_t size)
 {
     const auto* text = static_cast<const juce::uint8*> (bytes);
-    std::string valid;
-    valid.reserve (size);
+    size_t position = 0;
 
-    for (size_t i = 0; i < size && text[i] != 0;)
+    while (position < size)
     {
-        if (const auto length = sequenceLength (text + i, size - i))
-        {
-            valid.append (reinterpret_cast<const char*> (text) + i, length);
-            i += length;
-        }
-        else
-        {
-            const auto character = juce::CharacterFunctions::getUnicodeCharFromWindows1252Codepage (text[i]);
-            valid += juce::String::charToString (character).toStdString();
-            ++i;
-        }
+        const auto length = sequenceLength (text + position, size - position);
+
+        if (length == 0)
+            return false;
+
+        position += length;
     }
 
-    return { juce::CharPointer_UTF8 (valid.data()), juce::CharPointer_UTF8 (valid.data() + valid.size()) };
+    return true;
+}
+
+static std::string repaired (const char* text, size_t size)
+{
+    std::string result;
+    result.reserve (size);
+
+    for (size_t i = 0; i < size;)
+    {
+        const auto* bytes = reinterpret_cast<const juce::uint8*> (text) + i;
+        const auto length = sequenceLength (bytes, size - i);
+
+        if (length > 0)
+            result.append (text + i, length);
+        else
+            result += juce::String::charToString (
+                          juce::CharacterFunctions::getUnicodeCharFromWindows1252Codepage (*bytes))
+                          .toStdString();
+
+        i += juce::jmax ((size_t) 1, length);
+    }
+
+    return result;
+}
+
+juce::String validText (const void* bytes, size_t size)
+{
+    const auto* text = static_cast<const char*> (bytes);
+    const auto* end = std::find (text, text + size, '\0');
+    const auto length = (size_t) (end - text);
+
+    if (isValidText (text, length))
+        return { juce::CharPointer_UTF8 (text), juce::CharPointer_UTF8 (end) };
+
+    return repaired (text, length);
 }

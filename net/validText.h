@@ -9,3 +9,6 @@
     A juce::String that was made of damaged UTF-8 in another way can be read past its end: text that comes from
     the network or from a file goes through here first. */
 juce::String validText (const void* bytes, size_t size);
+
+/** Whether bytes are well-formed UTF-8. */
+bool isValidText (const void* bytes, size_t size);
