@@ -1,0 +1,105 @@
+#include "ui/imageOperations.h"
+#include <catch2/catch.hpp>
+
+/** A pixel's premultiplied bytes, as 0xAARRGGBB. */
+static juce::uint32 rawPixel (const juce::Image& image, int x, int y)
+{
+    const juce::Image::BitmapData pixels (image, juce::Image::BitmapData::readOnly);
+    return reinterpret_cast<const juce::PixelARGB*> (pixels.getPixelPointer (x, y))->getInARGBMaskOrder();
+}
+
+/** An image of one premultiplied pixel value. */
+static juce::Image plainImage (int width, int height, juce::uint32 argb)
+{
+    const juce::PixelARGB value ((juce::uint8) (argb >> 24), (juce::uint8) (argb >> 16),
+                                 (juce::uint8) (argb >> 8), (juce::uint8) argb);
+    juce::Image image (juce::Image::ARGB, width, height, true);
+    const juce::Image::BitmapData pixels (image, juce::Image::BitmapData::writeOnly);
+
+    for (int y = 0; y < height; ++y)
+        std::fill_n (reinterpret_cast<juce::PixelARGB*> (pixels.getLinePointer (y)), width, value);
+
+    return image;
+}
+
+TEST_CASE ("over and tint give the exact premultiplied pixel")
+{
+    const struct
+    {
+        juce::uint32 source, under, over;
+    } overs[] = {
+        { 0x00000000, 0xff204060, 0xff204060 }, { 0xff204060, 0x80101010, 0xff204060 },
+        { 0x80402010, 0xff102030, 0xff483028 }, // 0x40 + 0x10 x 127 / 255 = 71.97, rounded
+        { 0x80402010, 0x80808080, 0xc0806050 }, { 0x80402010, 0x00000000, 0x80402010 },
+        { 0x00ff0000, 0xffff0080, 0xffff0080 }, // above 255: clamped, not wrapped
+    };
+
+    for (auto& c : overs)
+    {
+        auto image = plainImage (2, 1, c.under);
+        combineOver (image, plainImage (2, 1, c.source));
+        CHECK (rawPixel (image, 1, 0) == c.over);
+    }
+
+    const struct
+    {
+        juce::uint32 colour, under, tinted;
+    } tints[] = {
+        { 0x00ffffff, 0xff204060, 0xff204060 }, { 0x80804020, 0xff102030, 0xff483028 },
+        { 0x80804020, 0x80808080, 0x80605048 }, { 0xff204060, 0x80101010, 0x80102030 },
+        { 0x80804020, 0x00000000, 0x00000000 }, // a tint stays inside what is there
+    };
+
+    for (auto& c : tints)
+    {
+        auto image = plainImage (2, 1, c.under);
+        tintImage (image, juce::Colour (c.colour));
+        CHECK (rawPixel (image, 1, 0) == c.tinted);
+    }
+}
+
+TEST_CASE ("pixels change in the common area of two ARGB images only")
+{
+    const auto red = plainImage (3, 2, 0xffff0000);
+
+    for (auto position : { juce::Point<int> (0, 0), { -1, -1 }, { 3, 3 }, { -2, 3 }, { 4, 0 }, { -3, -2 } })
+    {
+        auto combined = plainImage (4, 4, 0xff000000), filled = plainImage (4, 4, 0x80000000);
+        combineOver (combined, red, position);
+        fillImage (filled, juce::Colours::red, red.getBounds() + position);
+
+        for (int i = 0; i < 16; ++i)
+        {
+            const auto inside = (red.getBounds() + position).contains (i % 4, i / 4);
+            CHECK (rawPixel (combined, i % 4, i / 4) == (inside ? 0xffff0000 : 0xff000000));
+            CHECK (rawPixel (filled, i % 4, i / 4) == (inside ? 0xffff0000 : 0x80000000));
+        }
+    }
+
+    juce::Image null, rgb (juce::Image::RGB, 3, 2, true);
+    auto argb = plainImage (3, 2, 0xff102030);
+    combineOver (null, red);
+    combineOver (rgb, red);
+    combineOver (argb, null);
+    combineOver (argb, rgb);
+    tintImage (rgb, juce::Colours::red);
+    fillImage (rgb, juce::Colours::red);
+    CHECK (rgb.getPixelAt (2, 1) == juce::Colours::black);
+    CHECK (rawPixel (argb, 2, 1) == 0xff102030);
+}
+
+TEST_CASE ("a shaded body is lit from above, and from below when it is pressed")
+{
+    for (auto pressed : { false, true })
+    {
+        juce::Image body (juce::Image::ARGB, 40, 24, true);
+        juce::Graphics g (body);
+        drawShadedBody (g, { 0, 0, 40, 24 }, juce::Colour (0xff445566), 1.0f, -1.0f, 1.0f, false, pressed);
+        drawShadedBody (g, { 0, 0, 1, 24 }, juce::Colours::red, 1.0f, -1.0f, 1.0f, false, false); // too thin
+
+        CHECK (body.getPixelAt (0, 12).getBrightness() < 0.3f);
+        CHECK (body.getPixelAt (0, 0).getFloatAlpha() < 0.5f); // a round corner
+        CHECK ((body.getPixelAt (20, 6).getBrightness() < body.getPixelAt (20, 18).getBrightness())
+               == pressed);
+    }
+}

@@ -1,0 +1,109 @@
+#include "ui/imageOperations.h"
+
+/** One channel of a blend, rounded and clamped. */
+static juce::uint8 toChannel (float value)
+{
+    return (juce::uint8) juce::jlimit (0, 255, juce::roundToInt (value));
+}
+
+/** Lays a premultiplied source, weighed by `coverage`, over a pixel. */
+static void blendPixel (juce::PixelARGB& pixel, juce::PixelARGB source, float coverage)
+{
+    const auto kept = 1.0f - (float) source.getAlpha() / 255.0f;
+    const auto blend = [=] (juce::uint8 over, juce::uint8 under) {
+        return toChannel ((float) over * coverage + (float) under * kept);
+    };
+
+    pixel.setARGB (blend (source.getAlpha(), pixel.getAlpha()), blend (source.getRed(), pixel.getRed()),
+                   blend (source.getGreen(), pixel.getGreen()), blend (source.getBlue(), pixel.getBlue()));
+}
+
+/** Visits the clipped area of an image row by row: the row's first pixel, its width, its index in the area. */
+template <typename RowFunction>
+static void forEachRow (juce::Image& image, juce::Rectangle<int> area, RowFunction&& visitRow)
+{
+    area = area.getIntersection (image.getBounds());
+
+    if (area.isEmpty() || image.getFormat() != juce::Image::ARGB)
+        return;
+
+    const juce::Image::BitmapData pixels (image, area.getX(), area.getY(), area.getWidth(), area.getHeight(),
+                                          juce::Image::BitmapData::readWrite);
+
+    for (int y = 0; y < pixels.height; ++y)
+        visitRow (reinterpret_cast<juce::PixelARGB*> (pixels.getLinePointer (y)), pixels.width, y);
+}
+
+void combineOver (juce::Image& destination, const juce::Image& source, juce::Point<int> position)
+{
+    const auto area =
+        source.getBounds().translated (position.x, position.y).getIntersection (destination.getBounds());
+
+    if (area.isEmpty() || source.getFormat() != juce::Image::ARGB)
+        return;
+
+    const auto from = area - position;
+    const juce::Image::BitmapData over (source, from.getX(), from.getY(), from.getWidth(), from.getHeight());
+
+    forEachRow (destination, area, [&] (juce::PixelARGB* row, int width, int y) {
+        const auto* overRow = reinterpret_cast<const juce::PixelARGB*> (over.getLinePointer (y));
+
+        for (int x = 0; x < width; ++x)
+            blendPixel (row[x], overRow[x], 1.0f);
+    });
+}
+
+void tintImage (juce::Image& image, juce::Colour tint)
+{
+    const auto pixel = tint.getPixelARGB();
+
+    forEachRow (image, image.getBounds(), [=] (juce::PixelARGB* row, int width, int) {
+        for (int x = 0; x < width; ++x)
+            blendPixel (row[x], pixel, (float) row[x].getAlpha() / 255.0f);
+    });
+}
+
+void fillImage (juce::Image& image, juce::Colour colour, juce::Rectangle<int> area)
+{
+    const auto pixel = colour.getPixelARGB();
+
+    forEachRow (image, area, [=] (juce::PixelARGB* row, int width, int) { std::fill_n (row, width, pixel); });
+}
+
+void fillImage (juce::Image& image, juce::Colour colour)
+{
+    fillImage (image, colour, image.getBounds());
+}
+
+void drawShadedBody (juce::Graphics& g, juce::Rectangle<float> area, juce::Colour base, float shading,
+                     float cornerSize, float edge, bool highlighted, bool pressed)
+{
+    constexpr float skinCornerSize = 4.0f, rim = 1.0f;
+    constexpr float light = 0.14f, shade = 0.22f; // share of white at the top and of black at the bottom
+    constexpr float rimAlpha = 0.6f, innerLightAlpha = 0.22f, litRimAlpha = 0.45f;
+
+    if (area.getWidth() < 2.0f || area.getHeight() < 2.0f)
+        return;
+
+    const auto alpha = base.getFloatAlpha();
+    const auto corner = cornerSize < 0.0f ? skinCornerSize : cornerSize;
+    const auto lit = base.interpolatedWith (juce::Colours::white.withAlpha (alpha), light * shading);
+    const auto shaded = base.interpolatedWith (juce::Colours::black.withAlpha (alpha), shade * shading);
+
+    g.setGradientFill (juce::ColourGradient::vertical (pressed ? shaded : lit, area.getY(),
+                                                       pressed ? lit : shaded, area.getBottom()));
+    g.fillRoundedRectangle (area, corner);
+
+    if (! pressed) // a line of light just inside the rim, fading towards the middle
+    {
+        const auto inner = area.reduced (1.5f * rim);
+        const auto innerLight = juce::Colours::white.withAlpha (innerLightAlpha * edge * alpha);
+        g.setGradientFill (juce::ColourGradient::vertical (
+            innerLight, inner.getY(), juce::Colours::transparentWhite, inner.getCentreY()));
+        g.drawRoundedRectangle (inner, juce::jmax (0.0f, corner - rim), rim);
+    }
+
+    g.setColour (highlighted ? juce::Colours::white.withAlpha (litRimAlpha * edge * alpha)
+                             : juce::Colours::black.withAlpha (rimAlpha * edge * alpha));
+    g.drawRoundedRectangle (area.reduced (0.5f * rim), juce::jmax (0.0f, corner - 0.5f * rim), rim);
+}
