@@ -1,0 +1,238 @@
+#include "content/jSimpleArchive.h"
+#include "content/jSimpleArchiveDirectory.h"
+#include "tests/support/alertRobot.h"
+#include "tests/support/archiveWriter.h"
+#include "tests/support/temporaryInstallation.h"
+#include <catch2/catch.hpp>
+
+static constexpr auto intMax = std::numeric_limits<int>::max(), intMin = std::numeric_limits<int>::min();
+
+/** The bytes of an entry, or "(none)" when there is no stream. */
+static std::string bytesOf (const jSimpleArchive& reader, const juce::String& name)
+{
+    const auto stream = reader.createInputStreamFor (name);
+
+    if (stream == nullptr)
+        return "(none)";
+
+    juce::MemoryBlock bytes;
+    stream->readIntoMemoryBlock (bytes);
+    return { bytes.begin(), bytes.end() };
+}
+
+static juce::String namesIn (const jSimpleArchive& reader, const juce::String& pattern = "*")
+{
+    juce::StringArray names;
+    reader.findEntries (pattern, names);
+    return names.joinIntoString (",");
+}
+
+static std::string headerBytes (const jSimpleArchive& reader, int offset)
+{
+    std::string buffer (16, '?');
+    reader.readHeaderBytes (buffer.data(), offset);
+    return buffer;
+}
+
+/** An archive file that lives as long as its reader. */
+struct writtenArchive : jSimpleArchive
+{
+    explicit writtenArchive (const juce::MemoryBlock& bytes, const juce::String& suffix = ".bin")
+        : file (suffix)
+    {
+        file.getFile().create();
+        file.getFile().appendData (bytes.getData(), bytes.getSize());
+        open (file.getFile().getFullPathName());
+    }
+
+    juce::TemporaryFile file;
+};
+
+TEST_CASE ("each version is read by its own layout, and scrambling counts from version 3 on")
+{
+    // OpenSSL's keystream for the counters that position 1 of the directory has here: scrambled it is zeros.
+    juce::MemoryBlock keystream;
+    keystream.loadFromHexString ("fb558cac81c068e679e0764eac22198e8c5a9dfda0d4b983");
+    const std::string secret (keystream.begin(), keystream.end()), zeros (secret.size(), '\0');
+    const std::string key ("\x7d\xeb\x4e\0\x51\xc3\x7f\x02", 8), nothing (16, '\0');
+
+    for (juce::uint32 version = 1; version <= 4; ++version)
+    {
+        CAPTURE (version);
+        archiveWriter writer{ version, { { "first.txt", "plain" }, { "b", secret, true } } };
+        writer.keyWord = 5172093;
+        writer.indexBase = 41927505;
+        writer.header = "header" + std::string (126, '.') + "The 16 last ones";
+        const auto bytes = writer.write();
+        CHECK (std::string (bytes.end() - zeros.size(), bytes.end()) == (version >= 3 ? zeros : secret));
+
+        const writtenArchive archive (bytes);
+        CHECK (archive.isValid());
+        CHECK (archive.getArchivePath() == archive.file.getFile().getFullPathName());
+        CHECK (namesIn (archive) == "first.txt,b");
+        CHECK (bytesOf (archive, "first.txt") == "plain");
+        CHECK (bytesOf (archive, "b") == secret);
+        CHECK (headerBytes (archive, 0) == (version == 1 ? nothing : "header.........."));
+        CHECK (headerBytes (archive, 132) == (version == 1 ? nothing : "The 16 last ones"));
+        CHECK (headerBytes (archive, 148) == (version >= 3 ? key : nothing.substr (8)) + nothing.substr (8));
+
+        for (const int outside : { -16, 156, intMin, intMax })
+            CHECK (headerBytes (archive, outside) == nothing);
+    }
+}
+
+TEST_CASE ("names are found exactly, listed by pattern, and otherwise asked of the fallback")
+{
+    const std::string longest (60, 'n'), longestOfVersion3 (252, 'v');
+    const archiveWriter over{
+        4, { { longest + "cut", "1" }, { "same", "2" }, { "same", "no" }, { "Ö.png", "3" } }
+    };
+    const archiveWriter under{
+        3, { { longestOfVersion3, "4" }, { "same", "no" }, { "O.PNG", "5" }, { "\xd6 \xff", "6" } }
+    };
+    writtenArchive fallback (under.write()), archive (over.write());
+    archive.fallback = &fallback;
+    std::string found;
+
+    for (auto name : { longest.c_str(), "same", "Ö.png", longestOfVersion3.c_str(), "O.PNG", "Ö ÿ" })
+    {
+        found += bytesOf (archive, juce::CharPointer_UTF8 (name));
+        CHECK (archive.contains (juce::CharPointer_UTF8 (name)));
+    }
+
+    CHECK (found == "123456");
+
+    for (auto* name : { "", "Same", "sam", "same ", "o.png", "*" })
+    {
+        CHECK (bytesOf (archive, name) == "(none)");
+        CHECK_FALSE (archive.contains (name));
+    }
+
+    CHECK (namesIn (archive, "*.png") == juce::CharPointer_UTF8 ("Ö.png,O.PNG"));
+    CHECK (namesIn (archive, "S?me") == "same,same,same");
+}
+
+TEST_CASE ("a cut archive serves the records and the bytes that are whole in the file")
+{
+    for (juce::uint32 version = 1; version <= 4; ++version)
+    {
+        const auto whole =
+            archiveWriter{ version, { { "a", "12345", true }, { "b", "67890", true } } }.write();
+        const auto recordSize = version == 3 ? 264 : 72;
+        const auto start = (int) whole.getSize() - 10 - 2 * recordSize;
+
+        for (int length = 1; length < (int) whole.getSize(); ++length)
+        {
+            CAPTURE (version, length);
+            const writtenArchive archive (juce::MemoryBlock (whole.getData(), (size_t) length));
+            const auto records = juce::jlimit (0, 2, (length - start) / recordSize);
+            const auto data = (size_t) juce::jmax (0, length - start - 2 * recordSize);
+            REQUIRE (namesIn (archive) == juce::String ("a,b").substring (0, records * 2 - 1));
+            REQUIRE (archive.isValid() == (records > 0));
+
+            if (records == 2)
+                REQUIRE (bytesOf (archive, "a") + bytesOf (archive, "b") == std::string ("1234567890", data));
+        }
+    }
+}
+
+TEST_CASE ("no announced number is trusted")
+{
+    for (const int count : { intMax, 1, 0, -1, intMin })
+        for (juce::uint32 version = 1; version <= 4; ++version)
+        {
+            archiveWriter writer{ version, { { "only", "" } }, count };
+            CHECK (namesIn (writtenArchive (writer.write())) == (count > 0 ? "only" : ""));
+            CHECK_FALSE (writtenArchive (juce::MemoryBlock (writer.write().getData(), 8)).isValid());
+        }
+
+    const auto sizeOf = [] (int size, int offset) {
+        return bytesOf (writtenArchive (archiveWriter{ 4, { { "e", "bytes", true, size, offset } } }.write()),
+                        "e")
+            .size();
+    };
+
+    for (const int nowhere : { -1, intMin, intMax, 241 })
+        CHECK (sizeOf (5, nowhere) + sizeOf (intMax, nowhere) == 0);
+
+    CHECK (sizeOf (-1, 164) + sizeOf (intMin, 164) == 0);
+    CHECK (sizeOf (intMax, 164 + 72 + 3) == 2);
+}
+
+TEST_CASE ("what is no archive stays invalid, and only an unknown version under .sa is reported, once")
+{
+    alertRobot robot;
+    const auto future = archiveWriter{ 5, { { "a", "1" } } }.write();
+
+    for (auto& bytes : { future, archiveWriter{ 0xffffffff }.write(), juce::MemoryBlock() })
+        CHECK_FALSE (writtenArchive (bytes).isValid());
+
+    CHECK (robot.seen().empty());
+    writtenArchive old (future, ".sa");
+    const auto path = old.getArchivePath();
+    CHECK_FALSE (old.open (path));
+    CHECK_FALSE (old.isValid());
+
+    const auto folder = old.file.getFile().getParentDirectory().getFullPathName();
+
+    for (auto& missing : { path + "missing.sa", folder, juce::String(), juce::String ("relative.sa") })
+    {
+        jSimpleArchive archive;
+        CHECK_FALSE (archive.open (missing));
+        CHECK_FALSE (archive.isValid());
+        CHECK (bytesOf (archive, "a") == "(none)");
+    }
+
+    CHECK (robot.texts().joinIntoString ("|")
+           == "The packed archive " + path + " can't be opened because it's a old version.");
+}
+
+TEST_CASE ("the directory is read once, the bytes are read anew")
+{
+    writtenArchive archive (archiveWriter{ 1, { { "a", "12345" } } }.write());
+    const writtenArchive other (archiveWriter{ 1, { { "other", "" } } }.write());
+    CHECK (archive.open (other.getArchivePath()));
+    CHECK (namesIn (archive) == "a");
+    const auto file = archive.file.getFile();
+    REQUIRE (file.replaceWithText (juce::String::repeatedString ("x", 82)));
+    CHECK (bytesOf (archive, "a") == "xx");
+    REQUIRE (file.deleteFile());
+    CHECK (bytesOf (archive, "a").empty());
+}
+
+TEST_CASE ("a folder is served as an archive, and nothing outside it")
+{
+    const temporaryInstallation outside;
+    const auto secret = outside.write ("secret.txt", "outside").getFullPathName();
+    const auto item = outside.folder.getChildFile ("item");
+    outside.write ("item/sub/inner.txt", "inner");
+    outside.write ("item/Build.TXT", "12");
+    writtenArchive packed (archiveWriter{ 1, { { "packed.txt", "packed" } } }.write());
+    jSimpleArchiveDirectory folder;
+    CHECK_FALSE (folder.isValid());
+    CHECK_FALSE (folder.open ("item"));
+    REQUIRE (folder.open (item.getFullPathName()));
+    folder.fallback = &packed;
+
+    CHECK (namesIn (folder) == "Build.TXT,sub,packed.txt");
+    CHECK (namesIn (folder, "*.txt") == "Build.TXT,packed.txt");
+    CHECK (bytesOf (folder, "Build.TXT") == "12");
+    CHECK (bytesOf (folder, "sub/inner.txt") == "inner");
+    CHECK (bytesOf (folder, "sub\\inner.txt") == "inner");
+    CHECK (bytesOf (folder, "packed.txt") == "packed");
+
+    for (auto name :
+         { "../secret.txt", "..\\secret.txt", "sub/../../secret.txt", "sub/.. /../secret.txt", "..",
+           "sub/.../../secret.txt", secret.toRawUTF8(), "sub//inner.txt", "sub/./inner.txt", "sub", "sub/",
+           "/sub/inner.txt", "C:Build.TXT", "Build.TXT::$DATA", "Build.TXT.", "Build.TXT ", "~", "" })
+    {
+        CAPTURE (name);
+        CHECK_FALSE (folder.contains (name));
+        CHECK (bytesOf (folder, name) == "(none)");
+    }
+
+    REQUIRE (item.deleteRecursively());
+    CHECK_FALSE (folder.isValid());
+    CHECK (namesIn (folder) == "packed.txt");
+    CHECK_FALSE (folder.contains ("Build.TXT"));
+}
