@@ -1,6 +1,7 @@
 #include "app/theApp.h"
 #include "app/installationPaths.h"
 #include "app/programVersion.h"
+#include "ui/lookAndFeelKlangora.h"
 
 const juce::String theApp::getApplicationName()
 {
@@ -19,6 +20,7 @@ bool theApp::moreThanOneInstanceAllowed()
 
 void theApp::initialise (const juce::String&)
 {
+    lookAndFeelKlangora::install();
     findInstallationPaths();
 
     struct emptyWindow : juce::DocumentWindow

@@ -1,0 +1,364 @@
+#include "ui/GlassWindowButton.h"
+#include "ui/lookAndFeelKlangora.h"
+#include "ui/wrapText.h"
+
+namespace
+{
+juce::String ellipsis()
+{
+    return juce::String::charToString (0x2026);
+}
+
+// Message boxes
+constexpr int longestMessage = 2000;
+constexpr int boxMargin = 20, iconSize = 40, iconGap = 16, titleGap = 8, buttonGap = 20, buttonSpacing = 10;
+constexpr int columnGap = 28, lineLength = 520, narrowestBox = 360, narrowestButton = 88;
+
+/** A message's lines, and the columns in which they fill an area. */
+struct messageLayout
+{
+    juce::StringArray lines;
+    int lineHeight = 0, columnWidth = 0, columns = 1, rows = 0;
+
+    int width() const { return columns * columnWidth + (columns - 1) * columnGap; }
+    int height() const { return rows * lineHeight; }
+};
+
+/** Wraps a message. Lines that do not fit the height go on in further columns while there is room for these,
+    as with a list of names; what still does not fit is left out and an ellipsis tells so. */
+messageLayout layOutMessage (const juce::String& message, const juce::Font& font, int width, int height)
+{
+    messageLayout layout;
+    layout.lines = wrapText (message, font, (float) juce::jmin (width, lineLength));
+    layout.lineHeight = juce::roundToInt (1.25f * font.getHeight());
+
+    for (auto& line : layout.lines)
+        layout.columnWidth =
+            juce::jmax (layout.columnWidth, (int) std::ceil (font.getStringWidthFloat (line)));
+
+    const auto mostRows = juce::jmax (1, height / layout.lineHeight);
+    const auto needsColumn = [&] {
+        return layout.lines.size() > mostRows * layout.columns
+               && width >= (layout.columns + 1) * (layout.columnWidth + columnGap) - columnGap;
+    };
+
+    while (needsColumn())
+        ++layout.columns;
+
+    if (const auto capacity = mostRows * layout.columns; layout.lines.size() > capacity)
+    {
+        layout.lines.removeRange (capacity, layout.lines.size());
+        layout.lines.set (capacity - 1, ellipsis());
+    }
+
+    layout.rows = (layout.lines.size() + layout.columns - 1) / layout.columns;
+    return layout;
+}
+
+/** What an alert says below its title. Only its description tells. */
+juce::String messageOf (const juce::AlertWindow& alert)
+{
+    return alert.getDescription().substring (alert.getName().length() + 2);
+}
+
+juce::Array<juce::TextButton*> buttonsOf (const juce::AlertWindow& alert)
+{
+    juce::Array<juce::TextButton*> buttons;
+
+    for (auto* child : alert.getChildren())
+        if (auto* button = dynamic_cast<juce::TextButton*> (child))
+            buttons.insert (0, button); // the last added lies at the back
+
+    return buttons;
+}
+
+/** Where an alert's title and message go: right of the icon. */
+int textLeft (const juce::AlertWindow& alert)
+{
+    return boxMargin + (alert.getAlertType() == juce::MessageBoxIconType::NoIcon ? 0 : iconSize + iconGap);
+}
+
+void drawAlertIcon (juce::Graphics& g, juce::Rectangle<float> area, juce::MessageBoxIconType type,
+                    juce::Colour colour)
+{
+    constexpr float thickness = 2.5f;
+    juce::Path outline;
+
+    if (type == juce::MessageBoxIconType::WarningIcon)
+    {
+        outline.addTriangle (area.getCentreX(), area.getY(), area.getRight(), area.getBottom(), area.getX(),
+                             area.getBottom());
+        outline = outline.createPathWithRoundedCorners (5.0f);
+    }
+    else
+    {
+        outline.addEllipse (area.reduced (0.5f * thickness));
+    }
+
+    g.setColour (colour.withMultipliedAlpha (0.18f));
+    g.fillPath (outline);
+    g.setColour (colour);
+    g.strokePath (outline, juce::PathStrokeType (thickness));
+    g.setFont ({ 0.62f * area.getHeight(), juce::Font::bold });
+    g.drawText (type == juce::MessageBoxIconType::WarningIcon    ? "!"
+                : type == juce::MessageBoxIconType::QuestionIcon ? "?"
+                                                                 : "i",
+                area, juce::Justification::centred, false);
+}
+
+// Tooltips
+constexpr float tooltipMargin = 7.0f, tooltipTopMargin = 3.0f;
+
+juce::TextLayout layOutTooltip (const juce::String& text, juce::Colour colour)
+{
+    constexpr float fontHeight = 13.5f, mostWidth = 400.0f;
+    juce::AttributedString attributed;
+    attributed.setJustification (juce::Justification::topLeft);
+    attributed.append (text.replace ("<BETA>", "", true), juce::Font (fontHeight), colour);
+
+    juce::TextLayout layout;
+    layout.createLayoutWithBalancedLineLengths (attributed, mostWidth);
+    return layout;
+}
+}
+
+juce::AlertWindow*
+lookAndFeelKlangora::createAlertWindow (const juce::String& title, const juce::String& message,
+                                        const juce::String& button1, const juce::String& button2,
+                                        const juce::String& button3, juce::MessageBoxIconType icon,
+                                        int numButtons, juce::Component* associatedComponent)
+{
+    const auto shown = message.length() <= longestMessage
+                           ? message
+                           : message.substring (0, longestMessage - 1) + ellipsis();
+    auto* alert = LookAndFeel_V3::createAlertWindow (title, shown, button1, button2, button3, icon,
+                                                     numButtons, associatedComponent);
+
+    // The framework has sized the box from its own estimate of the text. Now it fits the text as it is drawn.
+    const auto left = textLeft (*alert);
+    const auto titleFont = getAlertWindowTitleFont();
+    const auto titleHeight = juce::roundToInt (1.25f * titleFont.getHeight()) + titleGap;
+    const auto buttons = buttonsOf (*alert);
+    const auto mostWidth = juce::roundToInt (0.8f * (float) alert->getParentWidth());
+    const auto mostHeight = alert->getParentHeight() - 50;
+    const auto around = 2 * boxMargin + buttonGap + getAlertWindowButtonHeight();
+    const auto layout = layOutMessage (shown, getAlertWindowMessageFont(), mostWidth - left - boxMargin,
+                                       mostHeight - around - titleHeight);
+    auto buttonsWidth = -buttonSpacing;
+
+    for (auto* button : buttons)
+        buttonsWidth += button->getWidth() + buttonSpacing;
+
+    const auto textWidth =
+        juce::jmax (layout.width(), juce::roundToInt (titleFont.getStringWidthFloat (title)) + 1);
+    const auto width = juce::jlimit (narrowestBox, juce::jmax (narrowestBox, mostWidth),
+                                     juce::jmax (left + textWidth, boxMargin + buttonsWidth) + boxMargin);
+    const auto height = around + juce::jmax (titleHeight + layout.height(), iconSize);
+    alert->centreAroundComponent (associatedComponent, width, height);
+
+    auto x = width - boxMargin - buttonsWidth;
+
+    for (auto* button : buttons)
+    {
+        button->setTopLeftPosition (x, height - boxMargin - button->getHeight());
+        x += button->getWidth() + buttonSpacing;
+    }
+
+    return alert;
+}
+
+void lookAndFeelKlangora::drawAlertBox (juce::Graphics& g, juce::AlertWindow& alert,
+                                        const juce::Rectangle<int>&, juce::TextLayout&)
+{
+    const juce::Colour shade (0xaa000000), innerFrame (0x33ffffff);
+    auto area = alert.getLocalBounds();
+
+    paintBackground (g, &alert, area.getWidth(), area.getHeight(), false);
+    g.setColour (shade);
+    g.fillRect (area);
+    g.setColour (alert.findColour (juce::AlertWindow::outlineColourId));
+    g.drawRect (area, 1);
+    g.setColour (innerFrame);
+    g.drawRect (area.reduced (1), 1);
+
+    if (alert.getAlertType() != juce::MessageBoxIconType::NoIcon)
+        drawAlertIcon (g, area.reduced (boxMargin).withSize (iconSize, iconSize).toFloat(),
+                       alert.getAlertType(), findColour (juce::TextEditor::focusedOutlineColourId));
+
+    auto bottom = area.getBottom() - boxMargin;
+
+    for (auto* child : alert.getChildren())
+        if (dynamic_cast<juce::Label*> (child)
+            == nullptr) // an unseen label carries the text for screen readers
+            bottom = juce::jmin (bottom, child->getY() - buttonGap);
+
+    const auto titleFont = getAlertWindowTitleFont(), messageFont = getAlertWindowMessageFont();
+    auto textArea = area.withTrimmedLeft (textLeft (alert))
+                        .withTrimmedTop (boxMargin)
+                        .withTrimmedRight (boxMargin)
+                        .withBottom (bottom);
+
+    g.setColour (alert.findColour (juce::AlertWindow::textColourId));
+    g.setFont (titleFont);
+    g.drawText (alert.getName(), textArea.removeFromTop (juce::roundToInt (1.25f * titleFont.getHeight())),
+                juce::Justification::centredLeft, true);
+    textArea.removeFromTop (titleGap);
+
+    const auto layout =
+        layOutMessage (messageOf (alert), messageFont, textArea.getWidth(), textArea.getHeight());
+    g.setFont (messageFont);
+
+    for (int i = 0; i < layout.lines.size(); ++i)
+        g.drawSingleLineText (layout.lines[i],
+                              textArea.getX() + i / layout.rows * (layout.columnWidth + columnGap),
+                              textArea.getY() + i % layout.rows * layout.lineHeight
+                                  + juce::roundToInt (messageFont.getAscent()));
+}
+
+juce::Array<int> lookAndFeelKlangora::getWidthsForTextButtons (juce::AlertWindow&,
+                                                               const juce::Array<juce::TextButton*>& buttons)
+{
+    juce::Array<int> widths;
+
+    for (auto* button : buttons)
+        widths.add (
+            juce::jmax (narrowestButton, button->getBestWidthForHeight (getAlertWindowButtonHeight())));
+
+    return widths;
+}
+
+void lookAndFeelKlangora::drawPopupMenuBackground (juce::Graphics& g, int width, int height)
+{
+    paintBackground (g, nullptr, width, height, true);
+    g.fillAll (juce::Colour (0x55000000));
+    g.setColour (juce::Colour (0x55ffffff));
+    g.drawRect (0, 0, width, height, 1);
+}
+
+juce::Font lookAndFeelKlangora::getPopupMenuFont()
+{
+    return { 14.0f };
+}
+
+void lookAndFeelKlangora::drawPopupMenuItem (juce::Graphics& g, const juce::Rectangle<int>& area,
+                                             bool isSeparator, bool isActive, bool isHighlighted,
+                                             bool isTicked, bool hasSubMenu, const juce::String& text,
+                                             const juce::String& shortcutKeyText, const juce::Drawable* icon,
+                                             const juce::Colour* textColour)
+{
+    if (isSeparator)
+    {
+        const auto line = area.reduced (6, 0).withSizeKeepingCentre (area.getWidth() - 12, 2);
+        g.setColour (juce::Colour (0x55000000));
+        g.fillRect (line.withHeight (1));
+        g.setColour (juce::Colour (0x33ffffff));
+        g.fillRect (line.withTrimmedTop (1));
+        return;
+    }
+
+    auto row = area.reduced (1, 0);
+    auto colour = textColour != nullptr ? *textColour : findColour (juce::PopupMenu::textColourId);
+
+    if (isHighlighted && isActive)
+    {
+        g.setColour (findColour (juce::PopupMenu::highlightedBackgroundColourId));
+        g.fillRect (row);
+        colour = findColour (juce::PopupMenu::highlightedTextColourId);
+    }
+
+    g.setColour (colour.withMultipliedAlpha (isActive ? 1.0f : 0.45f));
+
+    const auto markArea =
+        row.removeFromLeft (row.getHeight()).toFloat().reduced (0.25f * (float) row.getHeight());
+    row.removeFromRight (row.getHeight() / 3);
+
+    if (icon != nullptr)
+    {
+        icon->drawWithin (g, markArea,
+                          juce::RectanglePlacement::centred | juce::RectanglePlacement::onlyReduceInSize,
+                          isActive ? 1.0f : 0.45f);
+    }
+    else if (isTicked)
+    {
+        juce::Path tick;
+        tick.startNewSubPath (markArea.getRelativePoint (0.0f, 0.5f));
+        tick.lineTo (markArea.getRelativePoint (0.35f, 0.9f));
+        tick.lineTo (markArea.getRelativePoint (1.0f, 0.1f));
+        g.strokePath (tick, { 1.8f, juce::PathStrokeType::mitered, juce::PathStrokeType::rounded });
+    }
+
+    if (hasSubMenu)
+    {
+        const auto arrow =
+            row.removeFromRight (row.getHeight() / 2).toFloat().withSizeKeepingCentre (4.0f, 8.0f);
+        juce::Path path;
+        path.startNewSubPath (arrow.getTopLeft());
+        path.lineTo (arrow.getRight(), arrow.getCentreY());
+        path.lineTo (arrow.getBottomLeft());
+        g.strokePath (path, { 1.6f, juce::PathStrokeType::mitered, juce::PathStrokeType::rounded });
+    }
+
+    auto font = getPopupMenuFont();
+    font.setHeight (juce::jmin (font.getHeight(), (float) area.getHeight() / 1.3f));
+
+    if (shortcutKeyText.isNotEmpty())
+    {
+        const auto small = font.withHeight (0.85f * font.getHeight());
+        g.setFont (small);
+        g.drawText (shortcutKeyText, row.removeFromRight (small.getStringWidth (shortcutKeyText) + 8),
+                    juce::Justification::centredRight, true);
+    }
+
+    g.setFont (font);
+    g.drawFittedText (text, row, juce::Justification::centredLeft, 1);
+}
+
+juce::Rectangle<int> lookAndFeelKlangora::getTooltipBounds (const juce::String& text, juce::Point<int> mouse,
+                                                            juce::Rectangle<int> area)
+{
+    const auto layout = layOutTooltip (text, {});
+    const auto width = (int) (layout.getWidth() + 2.0f * tooltipMargin);
+    const auto height = (int) (layout.getHeight() + 2.0f * tooltipTopMargin);
+    const auto x = mouse.x > area.getCentreX() ? mouse.x - (width + 12) : mouse.x + 24;
+    const auto y = mouse.y > area.getCentreY() ? mouse.y - (height + 6) : mouse.y + 6;
+    return juce::Rectangle<int> (x, y, width, height).constrainedWithin (area);
+}
+
+void lookAndFeelKlangora::drawTooltip (juce::Graphics& g, const juce::String& text, int width, int height)
+{
+    g.fillAll (findColour (juce::TooltipWindow::backgroundColourId));
+    g.setColour (findColour (juce::TooltipWindow::outlineColourId));
+    g.drawRect (0, 0, width, height, 1);
+    layOutTooltip (text, findColour (juce::TooltipWindow::textColourId))
+        .draw (g, { tooltipMargin, tooltipTopMargin, (float) width, (float) height });
+}
+
+juce::Button* lookAndFeelKlangora::createDocumentWindowButton (int type)
+{
+    constexpr float thickness = 0.25f, diagonalThickness = 0.35f;
+    juce::Path shape;
+
+    if (type == juce::DocumentWindow::closeButton)
+    {
+        shape.addLineSegment ({ 0.0f, 0.0f, 1.0f, 1.0f }, diagonalThickness);
+        shape.addLineSegment ({ 1.0f, 0.0f, 0.0f, 1.0f }, diagonalThickness);
+        return new GlassWindowButton ("close", juce::Colour (0xff660000), shape, shape);
+    }
+
+    shape.addLineSegment ({ 0.0f, 0.5f, 1.0f, 0.5f }, thickness);
+
+    if (type == juce::DocumentWindow::minimiseButton)
+        return new GlassWindowButton ("minimise", juce::Colour (0xffaa8811), shape, shape);
+
+    shape.addLineSegment ({ 0.5f, 0.0f, 0.5f, 1.0f }, thickness);
+
+    juce::Path square; // an open one behind a smaller one
+    square.startNewSubPath (45.0f, 100.0f);
+    square.lineTo (0.0f, 100.0f);
+    square.lineTo (0.0f, 0.0f);
+    square.lineTo (100.0f, 0.0f);
+    square.lineTo (100.0f, 45.0f);
+    square.addRectangle (45.0f, 45.0f, 100.0f, 100.0f);
+    juce::PathStrokeType (30.0f).createStrokedPath (square, square);
+    return new GlassWindowButton ("maximise", juce::Colour (0xff119911), shape, square);
+}
