@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <iostream>
 #include <juce_gui_basics/juce_gui_basics.h>
+#include <new>
 
 namespace
 {
@@ -23,6 +24,23 @@ std::unique_ptr<juce::ScopedJuceInitialiser_GUI> framework;
 juce::File settingsFolder;
 }
 
+/** An archive reader is opened once in its life, and these live as long as the process. */
+template <typename Reader>
+static void renew (Reader& reader)
+{
+    reader.~Reader();
+    new (&reader) Reader();
+}
+
+void forgetInstallation()
+{
+    installationFolder.clear();
+    registryKeyPath.clear();
+    guiDataSource = nullptr;
+    renew (guiFolderSource);
+    renew (guiArchiveSource);
+}
+
 void startFramework()
 {
     // Without an application to create, the framework installs no handler for X errors and the first one
@@ -36,9 +54,7 @@ void startFramework()
     setenv ("XDG_CONFIG_HOME", settingsFolder.getFullPathName().toRawUTF8(), 1);
 #endif
 
-    installationFolder.clear();
-    registryKeyPath.clear();
-    guiDataSource = nullptr;
+    forgetInstallation();
     framework = std::make_unique<juce::ScopedJuceInitialiser_GUI>();
 }
 

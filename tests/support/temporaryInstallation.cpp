@@ -23,8 +23,9 @@ juce::File temporaryInstallation::write (const juce::String& path, const juce::S
 juce::File temporaryInstallation::write (const juce::String& path, const juce::MemoryBlock& bytes) const
 {
     auto file = folder.getChildFile (path);
+    REQUIRE (file.deleteFile());
     REQUIRE (file.create().wasOk());
-    REQUIRE (file.replaceWithData (bytes.getData(), bytes.getSize()));
+    REQUIRE (file.appendData (bytes.getData(), bytes.getSize()));
     return file;
 }
 
