@@ -4,7 +4,8 @@
 #   ./test.sh             Linux
 #   ./test.sh --windows   the Windows build, under Wine
 #   ./test.sh --asan      Linux, with the address and undefined-behaviour sanitizers
-#   ./test.sh --all       all of these
+#   ./test.sh --fuzz N    each fuzzer for N seconds
+#   ./test.sh --all       all of these, the fuzzers for 30 seconds each
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 
@@ -14,19 +15,22 @@ usage ()
 }
 
 presets=()
-for argument in "${@:---linux}"; do
-  case $argument in
-    --linux | --windows | --asan) presets+=("${argument#--}") ;;
-    --all) presets=(linux asan windows) ;;
+fuzz_seconds=0
+groups=(build test sandbox)
+[[ $# -gt 0 ]] || set -- --linux
+
+while (($# > 0)); do
+  case $1 in
+    --linux | --asan) presets+=("${1#--}") ;;
+    --windows) presets+=(windows); groups+=(windows) ;;
+    --fuzz) fuzz_seconds=${2:?how many seconds?}; groups+=(fuzz); shift ;;
+    --all) presets=(linux asan windows); fuzz_seconds=30; groups+=(windows fuzz) ;;
     -h | --help) usage; exit 0 ;;
     *) usage >&2; exit 2 ;;
   esac
+  shift
 done
 
-groups=(build test)
-if [[ " ${presets[*]} " == *" windows "* ]]; then
-  groups+=(windows)
-fi
 cmake/scripts/packages.sh "${groups[@]}"
 
 # shellcheck source=cmake/scripts/display.sh
@@ -46,3 +50,20 @@ for preset in "${presets[@]}"; do
   cmake --build --preset "$preset"
   ctest --preset "$preset"
 done
+
+if ((fuzz_seconds > 0)); then
+  cmake --preset fuzz
+  cmake --build --preset fuzz
+
+  for fuzzer in build/fuzz/bin/*Fuzzer; do
+    name=$(basename "${fuzzer%Fuzzer}")
+    echo "Fuzzing: $name, $fuzz_seconds s"
+    mkdir -p "build/fuzz/corpus/$name"
+    "$fuzzer" -max_total_time="$fuzz_seconds" -print_final_stats=1 -artifact_prefix="build/fuzz/$name-" \
+      "build/fuzz/corpus/$name" "fuzz/corpus/$name" >"build/fuzz/$name.log" 2>&1 || {
+      tail -n 60 "build/fuzz/$name.log"
+      exit 1
+    }
+    grep number_of_executed_units "build/fuzz/$name.log"
+  done
+fi

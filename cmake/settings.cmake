@@ -3,6 +3,7 @@
 set (STORE_URL "https://store.dorvik.example" CACHE STRING
      "Origin of the store's web service, compiled into the program: scheme, host and port, no trailing slash")
 option (SANITIZE "Address and undefined-behaviour sanitizers" OFF)
+option (FUZZ "Fuzzers; wants clang" OFF)
 
 set (CMAKE_CXX_STANDARD 17)
 set (CMAKE_CXX_STANDARD_REQUIRED ON)
