@@ -1,0 +1,124 @@
+#pragma once
+
+#include <condition_variable>
+#include <cstdint>
+#include <deque>
+#include <juce_core/juce_core.h>
+#include <list>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <thread>
+#include <vector>
+
+/** While it lives, and no older one does, storeAddress() answers this origin. */
+class pretendStore
+{
+public:
+    explicit pretendStore (const juce::String& origin);
+    ~pretendStore();
+
+    const juce::String& origin() const { return *position; }
+
+private:
+    std::list<juce::String>::iterator position;
+
+    JUCE_DECLARE_NON_COPYABLE (pretendStore)
+};
+
+/** A request as it came over the line, byte by byte. */
+struct recordedRequest
+{
+    std::string bytes;
+
+    /** The first line, such as "POST /api/auth.cfm HTTP/1.1". */
+    std::string line() const;
+
+    /** What follows "name: ", whatever the case of the name; "" without such a line, joined with "|" when there
+        are several. */
+    std::string header (const std::string& name) const;
+
+    std::string body() const;
+};
+
+/** An HTTP server on the loopback interface that plays exactly the bytes it is told, right or wrong, and keeps
+    the requests. It takes one connection after the other and one request on each; every connection plays the
+    next reply of the script:
+
+        scriptedServer server;
+        server.reply (okReply ("<a/>"));
+        server.reply ("HTTP/1.1 200 OK\r\n").pause (50).send ("Content-Length: 9\r\n\r\nhalf").reset();
+
+    storeAddress() is the origin of the oldest one that lives. */
+class scriptedServer
+{
+public:
+    scriptedServer();
+
+    /** Fails the test when a reply was not asked for, or when there was none for a request. */
+    ~scriptedServer();
+
+    /** "http://127.0.0.1:" and the port. */
+    juce::String origin() const;
+
+    /** Appends a reply to the script: these bytes, then the end of the connection. What follows, up to the next
+        reply(), adds to it. */
+    scriptedServer& reply (const std::string& bytes = {});
+
+    scriptedServer& send (const std::string& bytes);
+    scriptedServer& pause (int milliseconds);
+
+    /** Silence until release(), or until the client hangs up. */
+    scriptedServer& stall();
+
+    /** The connection ends torn down (RST) instead of closed (FIN). */
+    scriptedServer& reset();
+
+    /** Ends the present stall, or else the next one. */
+    void release();
+
+    /** The requests so far. */
+    std::vector<recordedRequest> requests() const;
+
+private:
+    using socketHandle = std::intptr_t;
+
+    struct step
+    {
+        std::string bytes;
+        int pauseMs = 0;
+        bool stalls = false;
+    };
+
+    struct script
+    {
+        std::vector<step> steps;
+        bool resets = false;
+    };
+
+    void run();
+    void serve();
+    void play (const step&);
+    scriptedServer& add (step);
+
+    socketHandle listener = -1, client = -1;
+    std::optional<pretendStore> store;
+
+    mutable std::mutex lock; // guards what follows, and the setting of client
+    std::condition_variable changed;
+    std::deque<script> replies;
+    std::vector<recordedRequest> received;
+    int withoutReply = 0;
+    bool released = false, stopping = false;
+
+    std::thread thread;
+
+    JUCE_DECLARE_NON_COPYABLE (scriptedServer)
+};
+
+/** A well-formed reply: its status, such as "404 Not Found", further header lines, each with its end, and a body
+    with its length. */
+std::string replyWith (const std::string& status, const std::string& headers, const std::string& body = {});
+
+/** A well-formed "200 OK". */
+std::string okReply (const std::string& body, const std::string& contentType = "text/xml");
