@@ -151,7 +151,7 @@ TEST_CASE ("a damaged settings file holds no values")
     const auto good = file.loadFileAsString();
 
     for (auto& text : { juce::String(), good.dropLastCharacters (30), good.replace ("<VALUE", "<OTHER"),
-                        juce::String ("PROP\xff\xff\xff\x7f"), juce::String ("CPROP") })
+                        juce::String ("PROP\x7f\x7f\x7f\x7f"), juce::String ("CPROP") })
     {
         REQUIRE (file.replaceWithText (text));
         CHECK (getRegistryValue (valuePath).isEmpty());
