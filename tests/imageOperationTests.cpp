@@ -26,36 +26,28 @@ TEST_CASE ("over and tint give the exact premultiplied pixel")
 {
     const struct
     {
-        juce::uint32 source, under, over;
-    } overs[] = {
-        { 0x00000000, 0xff204060, 0xff204060 }, { 0xff204060, 0x80101010, 0xff204060 },
-        { 0x80402010, 0xff102030, 0xff483028 }, // 0x40 + 0x10 x 127 / 255 = 71.97, rounded
-        { 0x80402010, 0x80808080, 0xc0806050 }, { 0x80402010, 0x00000000, 0x80402010 },
-        { 0x00ff0000, 0xffff0080, 0xffff0080 }, // above 255: clamped, not wrapped
+        juce::uint32 colour, under, over, tinted;
+    } cases[] = {
+        { 0x00ffffff, 0xff204060, 0xff204060, 0xff204060 },
+        { 0xff204060, 0x80101010, 0xff204060, 0x80102030 },
+        { 0x80804020, 0xff102030, 0xff483028, 0xff483028 }, // 0x40 + 0x10 x 127 / 255 = 71.97, rounded
+        { 0x80804020, 0x80808080, 0xc0806050, 0x80605048 },
+        { 0x80804020, 0x00000000, 0x80402010, 0x00000000 }, // a tint stays inside what is there
     };
 
-    for (auto& c : overs)
+    for (auto& c : cases)
     {
-        auto image = plainImage (2, 1, c.under);
-        combineOver (image, plainImage (2, 1, c.source));
-        CHECK (rawPixel (image, 1, 0) == c.over);
+        const juce::Colour colour (c.colour);
+        auto combined = plainImage (2, 1, c.under), tinted = plainImage (2, 1, c.under);
+        combineOver (combined, plainImage (2, 1, colour.getPixelARGB().getInARGBMaskOrder()));
+        tintImage (tinted, colour);
+        CHECK (rawPixel (combined, 1, 0) == c.over);
+        CHECK (rawPixel (tinted, 1, 0) == c.tinted);
     }
 
-    const struct
-    {
-        juce::uint32 colour, under, tinted;
-    } tints[] = {
-        { 0x00ffffff, 0xff204060, 0xff204060 }, { 0x80804020, 0xff102030, 0xff483028 },
-        { 0x80804020, 0x80808080, 0x80605048 }, { 0xff204060, 0x80101010, 0x80102030 },
-        { 0x80804020, 0x00000000, 0x00000000 }, // a tint stays inside what is there
-    };
-
-    for (auto& c : tints)
-    {
-        auto image = plainImage (2, 1, c.under);
-        tintImage (image, juce::Colour (c.colour));
-        CHECK (rawPixel (image, 1, 0) == c.tinted);
-    }
+    auto image = plainImage (2, 1, 0xffff0080);
+    combineOver (image, plainImage (2, 1, 0x00ff0000));
+    CHECK (rawPixel (image, 1, 0) == 0xffff0080); // clamped, not wrapped
 }
 
 TEST_CASE ("pixels change in the common area of two ARGB images only")

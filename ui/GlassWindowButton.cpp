@@ -23,9 +23,9 @@ void lookAndFeelKlangora::GlassWindowButton::paintButton (juce::Graphics& g, boo
     auto glass = colour.withMultipliedAlpha (alpha);
 
     if (highlighted)
-        glass = glass.withMultipliedBrightness (1.5f);
+        glass = glass.withMultipliedBrightness (1.2f);
 
-    const auto top = glass.brighter (0.4f), bottom = glass.darker (0.4f);
+    const auto top = glass.brighter (0.15f), bottom = glass.darker (0.5f);
     g.setGradientFill (juce::ColourGradient::vertical (down ? bottom : top, disc.getY(), down ? top : bottom,
                                                        disc.getBottom()));
     g.fillEllipse (disc);

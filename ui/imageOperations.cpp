@@ -94,14 +94,13 @@ void drawShadedBody (juce::Graphics& g, juce::Rectangle<float> area, juce::Colou
                                                        pressed ? lit : shaded, area.getBottom()));
     g.fillRoundedRectangle (area, corner);
 
-    if (! pressed) // a line of light just inside the rim, fading towards the middle
-    {
-        const auto inner = area.reduced (1.5f * rim);
-        const auto innerLight = juce::Colours::white.withAlpha (innerLightAlpha * edge * alpha);
-        g.setGradientFill (juce::ColourGradient::vertical (
-            innerLight, inner.getY(), juce::Colours::transparentWhite, inner.getCentreY()));
-        g.drawRoundedRectangle (inner, juce::jmax (0.0f, corner - rim), rim);
-    }
+    // A line just inside the rim, fading towards the middle: light, or the shadow of the rim when pressed.
+    const auto inner = area.reduced (1.5f * rim);
+    const auto line = pressed ? juce::Colours::black.withAlpha (rimAlpha * edge * alpha)
+                              : juce::Colours::white.withAlpha (innerLightAlpha * edge * alpha);
+    g.setGradientFill (
+        juce::ColourGradient::vertical (line, inner.getY(), line.withAlpha (0.0f), inner.getCentreY()));
+    g.drawRoundedRectangle (inner, juce::jmax (0.0f, corner - rim), rim);
 
     g.setColour (highlighted ? juce::Colours::white.withAlpha (litRimAlpha * edge * alpha)
                              : juce::Colours::black.withAlpha (rimAlpha * edge * alpha));

@@ -9,11 +9,12 @@ constexpr auto skinName = "generic_background.jpg";
 
 constexpr juce::uint32 dark = 0xff16181c; // where no picture shows
 constexpr juce::uint32 panel = 0xff24272d;
-constexpr juce::uint32 body = 0xff434953;
+constexpr juce::uint32 body = 0xff4b525d;
 constexpr juce::uint32 text = 0xffeeece6;
 constexpr juce::uint32 quietText = 0xffb9b8b2;
 constexpr juce::uint32 accent = 0xffffb454;
 constexpr juce::uint32 selection = 0x66ffb454;
+constexpr juce::uint32 sunken = 0xd908090b; // brightened where it is painted
 constexpr juce::uint32 hairline = 0x66ffffff;
 constexpr juce::uint32 well = 0x66000000; // sunken areas: lists, tracks, text boxes
 constexpr juce::uint32 none = 0x00000000;
@@ -35,7 +36,7 @@ constexpr struct
     { juce::Label::textColourId, text },
     { juce::Label::textWhenEditingColourId, text },
 
-    { juce::TextEditor::backgroundColourId, 0xcc0e1013 },
+    { juce::TextEditor::backgroundColourId, sunken },
     { juce::TextEditor::textColourId, text },
     { juce::TextEditor::highlightColourId, selection },
     { juce::TextEditor::highlightedTextColourId, 0xffffffff },
@@ -43,7 +44,7 @@ constexpr struct
     { juce::TextEditor::focusedOutlineColourId, accent },
     { juce::CaretComponent::caretColourId, accent },
 
-    { juce::GroupComponent::outlineColourId, hairline },
+    { juce::GroupComponent::outlineColourId, 0x40ffffff },
     { juce::GroupComponent::textColourId, text },
 
     { juce::ComboBox::backgroundColourId, body },
@@ -67,8 +68,8 @@ constexpr struct
     { juce::TooltipWindow::textColourId, text },
     { juce::TooltipWindow::outlineColourId, hairline },
 
-    { juce::Slider::trackColourId, 0x80ffffff },
-    { juce::Slider::thumbColourId, 0xffc9cbce },
+    { juce::Slider::trackColourId, 0x99000000 },
+    { juce::Slider::thumbColourId, 0xff636a76 },
     { juce::Slider::rotarySliderFillColourId, accent },
     { juce::Slider::rotarySliderOutlineColourId, hairline },
     { juce::Slider::textBoxTextColourId, text },
@@ -91,7 +92,7 @@ constexpr struct
     { juce::FileBrowserComponent::currentPathBoxBackgroundColourId, body },
     { juce::FileBrowserComponent::currentPathBoxTextColourId, text },
     { juce::FileBrowserComponent::currentPathBoxArrowColourId, text },
-    { juce::FileBrowserComponent::filenameBoxBackgroundColourId, 0xcc0e1013 },
+    { juce::FileBrowserComponent::filenameBoxBackgroundColourId, sunken },
     { juce::FileBrowserComponent::filenameBoxTextColourId, text },
     { juce::FileChooserDialogBox::titleTextColourId, text },
 

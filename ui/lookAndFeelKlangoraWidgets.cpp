@@ -131,7 +131,7 @@ void lookAndFeelKlangora::drawTickBox (juce::Graphics& g, juce::Component& compo
 void lookAndFeelKlangora::drawToggleButton (juce::Graphics& g, juce::ToggleButton& button, bool highlighted,
                                             bool down)
 {
-    constexpr int indent = 4, gap = 8;
+    constexpr int indent = 6, gap = 8;
     const auto area = button.getLocalBounds();
     const auto fontHeight = juce::jmin (15.0f, 0.75f * (float) area.getHeight());
     const auto boxSize = juce::jmin (16, area.getHeight() - 4);
@@ -230,7 +230,7 @@ void lookAndFeelKlangora::drawFileBrowserRow (juce::Graphics& g, int width, int 
 
     g.setFont (0.7f * (float) height);
     g.setColour (textColour);
-    g.drawFittedText (name, row.withTrimmedRight (gap), juce::Justification::centredLeft, 1);
+    g.drawText (name, row.withTrimmedRight (gap), juce::Justification::centredLeft, true);
 }
 
 juce::Button* lookAndFeelKlangora::createFileBrowserGoUpButton()

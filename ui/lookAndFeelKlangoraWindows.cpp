@@ -61,14 +61,16 @@ juce::String messageOf (const juce::AlertWindow& alert)
     return alert.getDescription().substring (alert.getName().length() + 2);
 }
 
-juce::Array<juce::TextButton*> buttonsOf (const juce::AlertWindow& alert)
+/** An alert's buttons from left to right, in which order the framework has lined them up. */
+std::vector<juce::TextButton*> buttonsOf (const juce::AlertWindow& alert)
 {
-    juce::Array<juce::TextButton*> buttons;
+    std::vector<juce::TextButton*> buttons;
 
     for (auto* child : alert.getChildren())
         if (auto* button = dynamic_cast<juce::TextButton*> (child))
-            buttons.insert (0, button); // the last added lies at the back
+            buttons.push_back (button);
 
+    std::sort (buttons.begin(), buttons.end(), [] (auto* a, auto* b) { return a->getX() < b->getX(); });
     return buttons;
 }
 
@@ -128,9 +130,8 @@ lookAndFeelKlangora::createAlertWindow (const juce::String& title, const juce::S
                                         const juce::String& button3, juce::MessageBoxIconType icon,
                                         int numButtons, juce::Component* associatedComponent)
 {
-    const auto shown = message.length() <= longestMessage
-                           ? message
-                           : message.substring (0, longestMessage - 1) + ellipsis();
+    const auto shown =
+        message.length() <= longestMessage ? message : message.substring (0, longestMessage - 1) + ellipsis();
     auto* alert = LookAndFeel_V3::createAlertWindow (title, shown, button1, button2, button3, icon,
                                                      numButtons, associatedComponent);
 
@@ -170,7 +171,7 @@ lookAndFeelKlangora::createAlertWindow (const juce::String& title, const juce::S
 void lookAndFeelKlangora::drawAlertBox (juce::Graphics& g, juce::AlertWindow& alert,
                                         const juce::Rectangle<int>&, juce::TextLayout&)
 {
-    const juce::Colour shade (0xaa000000), innerFrame (0x33ffffff);
+    const juce::Colour shade (0x80000000), innerFrame (0x33ffffff);
     auto area = alert.getLocalBounds();
 
     paintBackground (g, &alert, area.getWidth(), area.getHeight(), false);
@@ -310,7 +311,7 @@ void lookAndFeelKlangora::drawPopupMenuItem (juce::Graphics& g, const juce::Rect
     }
 
     g.setFont (font);
-    g.drawFittedText (text, row, juce::Justification::centredLeft, 1);
+    g.drawText (text, row, juce::Justification::centredLeft, true);
 }
 
 juce::Rectangle<int> lookAndFeelKlangora::getTooltipBounds (const juce::String& text, juce::Point<int> mouse,
