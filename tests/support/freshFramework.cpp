@@ -63,12 +63,9 @@ void stopFramework()
     auto& desktop = juce::Desktop::getInstance();
     desktop.getAnimator().cancelAllAnimations (false);
 
+    // The windows are owned by the test, or by a dialog that ended with it.
     while (desktop.getNumComponents() > 0)
-    {
-        std::unique_ptr<juce::Component> window (desktop.getComponent (0));
-        window->removeFromDesktop();
-        window.release(); // owned by the test, or by a dialog that ended with it
-    }
+        desktop.getComponent (0)->removeFromDesktop();
 
     framework.reset();
     juce::Logger::setCurrentLogger (nullptr);
@@ -76,6 +73,7 @@ void stopFramework()
 }
 
 /** The X libraries keep their locale tables for the life of the process. */
+// NOLINTNEXTLINE(bugprone-reserved-identifier,readability-identifier-naming): the sanitizer asks for it
 extern "C" const char* __lsan_default_suppressions()
 {
     return "leak:libX11\n";
