@@ -232,9 +232,19 @@ TEST_CASE ("a message box fits the screen, shows its buttons, and cuts only with
             CHECK (screen.contains (box->getBounds()));
             CHECK (areMarginsClear (*box));
 
-            for (auto* child : box->getChildren())
-                if (dynamic_cast<juce::TextButton*> (child) != nullptr)
-                    CHECK (box->getLocalBounds().reduced (10).contains (child->getBounds()));
+            int right = 0;
+
+            for (auto* name : { "Quit", "Go back", "Later" })
+            {
+                for (auto* child : box->getChildren())
+                {
+                    if (child->getName() == name)
+                    {
+                        CHECK (box->getLocalBounds().reduced (10).contains (child->getBounds()));
+                        CHECK (child->getX() > std::exchange (right, child->getRight()));
+                    }
+                }
+            }
 
             for (auto* child : box->getChildren()) // as on a screen too small for the text
                 child->setTopLeftPosition (child->getX(), 160);
@@ -267,6 +277,14 @@ TEST_CASE ("a tooltip keeps clear of the mouse and inside its area")
 
     for (auto& c : cases)
         CHECK (look.getTooltipBounds (tip, c.mouse, area) == size + c.corner);
+
+    juce::Image drawn (juce::Image::RGB, w, h, true);
+    juce::Graphics g (drawn);
+    look.drawTooltip (g, tip + "<Beta>", w, h);
+
+    for (int y = 1; y < h - 1; ++y)
+        for (int x : { 1, 6, w - 3 })
+            CHECK (drawn.getPixelAt (x, y) == look.findColour (juce::TooltipWindow::backgroundColourId));
 
     CHECK (look.getTooltipBounds ("<beta>" + tip + "<BETA>", {}, area).withZeroOrigin() == size);
 }
@@ -368,12 +386,14 @@ TEST_CASE ("text stands out from what lies behind it")
     }
 }
 
-TEST_CASE ("boxes and editors take their shade from their place on the page")
+TEST_CASE ("bodies and editors take their shade from their state and their place on the page")
 {
     lookAndFeelKlangora look;
     juce::Component page;
+    juce::TextButton button;
     juce::ComboBox box;
     juce::TextEditor editor;
+    button.setSize (100, 24);
     box.setSize (100, 24);
     editor.setSize (100, 24);
     const auto paint = [] (auto&& draw) {
@@ -386,6 +406,18 @@ TEST_CASE ("boxes and editors take their shade from their place on the page")
         look.drawComboBox (g, 100, 24, false, 80, 0, 20, 24, box);
     };
     const auto paintEditor = [&] (juce::Graphics& g) { look.fillTextEditorBackground (g, 100, 24, editor); };
+
+    const auto paintButton = [&] (bool isOver) {
+        return paint ([&] (juce::Graphics& g) {
+            look.drawButtonBackground (g, button, juce::Colour (0xff445566), isOver, false);
+        });
+    };
+
+    CHECK (paintButton (true).getBrightness()
+           == Approx (1.5f * paintButton (false).getBrightness()).margin (0.04));
+    CHECK (paintButton (false).getFloatAlpha() == Approx (0.7f).margin (0.04));
+    button.setEnabled (false);
+    CHECK (paintButton (false).getFloatAlpha() == Approx (0.35f).margin (0.02));
 
     editor.setColour (juce::TextEditor::backgroundColourId, juce::Colours::transparentWhite);
     CHECK (paint (paintEditor).isTransparent());

@@ -23,9 +23,9 @@ static juce::Image decode (const juce::MemoryBlock& bytes)
 /** A picture with something in it. */
 static juce::Image sample()
 {
-    juce::Image image (juce::Image::RGB, 24, 10, true);
+    juce::Image image (juce::Image::RGB, 80, 60, true);
     juce::Graphics g (image);
-    g.setGradientFill ({ juce::Colours::red, 0, 0, juce::Colours::blue, 24, 10, false });
+    g.setGradientFill ({ juce::Colours::red, 0, 0, juce::Colours::blue, 80, 60, false });
     g.fillAll();
     return image;
 }
@@ -87,5 +87,5 @@ TEST_CASE ("a picture of absurd dimensions is turned down by its header")
 
     CHECK (withSides (200, 300).getBounds() == juce::Rectangle<int> (200, 300));
     CHECK (withSides (4096, 4097).isNull());
-    CHECK (withSides (24, 0).isNull());
+    CHECK (withSides (80, 0).isNull());
 }

@@ -171,11 +171,12 @@ lookAndFeelKlangora::createAlertWindow (const juce::String& title, const juce::S
 void lookAndFeelKlangora::drawAlertBox (juce::Graphics& g, juce::AlertWindow& alert,
                                         const juce::Rectangle<int>&, juce::TextLayout&)
 {
-    const juce::Colour shade (0x80000000), innerFrame (0x33ffffff);
-    auto area = alert.getLocalBounds();
+    constexpr float veil = 0.7f; // how much of the picture the background colour hides
+    const juce::Colour innerFrame (0x33ffffff);
+    const auto area = alert.getLocalBounds();
 
     paintBackground (g, &alert, area.getWidth(), area.getHeight(), false);
-    g.setColour (shade);
+    g.setColour (alert.findColour (juce::AlertWindow::backgroundColourId).withMultipliedAlpha (veil));
     g.fillRect (area);
     g.setColour (alert.findColour (juce::AlertWindow::outlineColourId));
     g.drawRect (area, 1);

@@ -4,96 +4,49 @@ constexpr int maximumFileSize = 32 * 1024 * 1024;
 constexpr int maximumSide = 8192;
 constexpr int maximumPixels = 16 * 1024 * 1024;
 
-/** What a complete file announces; 0 x 0 for any other. */
+/** What a file announces; 0 x 0 when it is none of ours. */
 struct pictureSize
 {
     int width = 0, height = 0;
 };
 
-/** A PNG file is a signature of 8 bytes and chunks: a length, a four-letter type, that many bytes, a check sum.
-    The first chunk is the header, with width and height in front; an empty one ends the file. */
+/** A PNG file is a signature of 8 bytes and chunks. The first chunk is the header: its length and type, then width
+    and height. */
 static pictureSize sizeOfPng (juce::InputStream& file)
 {
-    constexpr juce::uint32 headerType = 0x49484452, endType = 0x49454e44; // "IHDR", "IEND"
-    constexpr int checkSumSize = 4;
-    pictureSize size;
+    constexpr juce::int64 signature = (juce::int64) 0x89504e470d0a1a0a;
+    constexpr juce::int64 headerChunk = 0x0000000d49484452; // 13 bytes, "IHDR"
 
-    if ((juce::uint64) file.readInt64BigEndian() != 0x89504e470d0a1a0a)
+    if (file.readInt64BigEndian() != signature || file.readInt64BigEndian() != headerChunk)
         return {};
 
-    for (auto isFirst = true; file.getNumBytesRemaining() >= 8; isFirst = false)
-    {
-        const auto length = (juce::uint32) file.readIntBigEndian();
-        const auto type = (juce::uint32) file.readIntBigEndian();
-        const auto end = file.getPosition() + length + checkSumSize;
-
-        if (isFirst != (type == headerType) || end > file.getTotalLength())
-            return {};
-
-        if (type == endType)
-            return size;
-
-        if (isFirst)
-        {
-            size.width = file.readIntBigEndian();
-            size.height = file.readIntBigEndian();
-        }
-
-        file.setPosition (end);
-    }
-
-    return {};
+    const auto width = file.readIntBigEndian();
+    return { width, file.readIntBigEndian() };
 }
 
-/** Steps past the next marker of a JPEG file and returns its second byte; 0 when there is none. A 0xff of the
-    picture's own data is followed by a zero byte or by a restart marker; a run of 0xff is padding. */
-static int nextMarker (juce::InputStream& file)
-{
-    while (! file.isExhausted())
-    {
-        auto marker = (juce::uint8) file.readByte();
-
-        if (marker != 0xff)
-            continue;
-
-        while (marker == 0xff)
-            marker = (juce::uint8) file.readByte();
-
-        if (marker != 0 && ! (marker >= 0xd0 && marker <= 0xd7))
-            return marker;
-    }
-
-    return 0;
-}
-
-/** A JPEG file is a row of segments between a start and an end marker: a marker, then two bytes of length that
-    count themselves. The frame segment holds a byte of precision, then height and width in two bytes each. */
+/** A JPEG file begins with a row of segments: 0xff, perhaps several times, the segment's type, then two bytes of
+    length that count themselves. The frame segment holds a byte of precision, then height and width in two bytes
+    each. The start marker in front has no length. */
 static pictureSize sizeOfJpeg (juce::InputStream& file)
 {
-    constexpr int startMarker = 0xd8, endMarker = 0xd9;
-    constexpr int tables[] = { 0xc4, 0xc8, 0xcc }; // among the frame markers 0xc0 to 0xcf, but no frames
-    pictureSize size;
-
-    if (nextMarker (file) != startMarker || file.getPosition() != 2)
+    if ((juce::uint16) file.readShortBigEndian() != 0xffd8)
         return {};
 
-    while (const auto marker = nextMarker (file))
+    while ((juce::uint8) file.readByte() == 0xff)
     {
-        if (marker == endMarker)
-            return size;
+        auto type = 0xff;
 
-        const auto start = file.getPosition();
-        const auto end = start + (juce::uint16) file.readShortBigEndian();
+        while (type == 0xff)
+            type = (juce::uint8) file.readByte();
 
-        if (end < start + 2 || end > file.getTotalLength())
-            return {};
+        const auto end = file.getPosition() + (juce::uint16) file.readShortBigEndian();
+        const auto isTable = type == 0xc4 || type == 0xc8 || type == 0xcc; // amid the types of frames
 
-        if ((marker & 0xf0) == 0xc0
-            && std::find (std::begin (tables), std::end (tables), marker) == std::end (tables))
+        if (type >= 0xc0 && type <= 0xcf && ! isTable)
         {
             file.readByte();
-            size.height = (juce::uint16) file.readShortBigEndian();
-            size.width = (juce::uint16) file.readShortBigEndian();
+            const int height = (juce::uint16) file.readShortBigEndian();
+            return { (juce::uint16) file.readShortBigEndian(), height };
         }
 
         file.setPosition (end);
