@@ -98,7 +98,7 @@ bool jSimpleArchive::open (const juce::String& path)
 
 bool jSimpleArchive::isValid() const
 {
-    return ! failed && ! entries.empty();
+    return ! entries.empty();
 }
 
 void jSimpleArchive::readHeaderBytes (void* buffer, int offset) const

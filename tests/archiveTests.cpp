@@ -173,7 +173,9 @@ TEST_CASE ("what is no archive stays invalid, and only an unknown version under 
     CHECK_FALSE (old.open (path));
     CHECK_FALSE (old.isValid());
 
-    const auto folder = old.file.getFile().getParentDirectory().getFullPathName();
+    const temporaryInstallation installation;
+    installation.write ("folder.sa/file", "");
+    const auto folder = installation.folder.getFullPathName() + "/folder.sa";
 
     for (auto& missing : { path + "missing.sa", folder, juce::String(), juce::String ("relative.sa") })
     {

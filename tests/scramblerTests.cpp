@@ -90,9 +90,9 @@ TEST_CASE ("texts have their fixed printable forms")
 TEST_CASE ("a printable text that cannot be one gives no text, and any other gives valid text")
 {
     for (auto* impossible :
-         { "", ".", "x", "6WEirFHvnYN", "-1.x", "-8.6WEirFHvnYN", "8.", "8.6WEirFHvnY", "9.6WEirFHvnYN", "0.",
-           "2147483647.A", "4294967304.6WEirFHvnYN", "99999999999999999999.A", "0x8.6WEirFHvnYN",
-           "8 8.6WEirFHvnYN", "é.6WEirFHvnYN" })
+         { "", ".", "x", "LWm6UWeoaXN", "-1.x", "-8.LWm6UWeoaXN", "8.", "8.LWm6UWeoaX", "9.LWm6UWeoaXN", "0.",
+           "2147483647.A", "4294967304.LWm6UWeoaXN", "99999999999999999999.A", "0x8.LWm6UWeoaXN",
+           "8 8.LWm6UWeoaXN", "é.LWm6UWeoaXN" })
     {
         CAPTURE (impossible);
         CHECK (unscrambleText (juce::CharPointer_UTF8 (impossible), 5172093, 41927506).isEmpty());
