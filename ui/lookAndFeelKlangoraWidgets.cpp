@@ -135,9 +135,10 @@ void lookAndFeelKlangora::drawToggleButton (juce::Graphics& g, juce::ToggleButto
     const auto area = button.getLocalBounds();
     const auto fontHeight = juce::jmin (15.0f, 0.75f * (float) area.getHeight());
     const auto boxSize = juce::jmin (16, area.getHeight() - 4);
+    const auto boxTop = (area.getHeight() - boxSize) / 2;
 
-    drawTickBox (g, button, (float) indent, (float) ((area.getHeight() - boxSize) / 2), (float) boxSize,
-                 (float) boxSize, button.getToggleState(), button.isEnabled(), highlighted, down);
+    drawTickBox (g, button, (float) indent, (float) boxTop, (float) boxSize, (float) boxSize,
+                 button.getToggleState(), button.isEnabled(), highlighted, down);
 
     g.setColour (button.findColour (juce::ToggleButton::textColourId)
                      .withMultipliedAlpha (button.isEnabled() ? 1.0f : disabledAlpha));
@@ -182,13 +183,12 @@ void lookAndFeelKlangora::drawFileBrowserRow (juce::Graphics& g, int width, int 
                                               bool isDirectory, bool isSelected, int index,
                                               juce::DirectoryContentsDisplayComponent& display)
 {
-    using display_ids = juce::DirectoryContentsDisplayComponent;
+    using ids = juce::DirectoryContentsDisplayComponent;
     constexpr int iconSpace = 32, gap = 8, widthWithDetails = 450;
     const auto* list = dynamic_cast<juce::Component*> (&display);
     const auto colour = [&] (int id) { return list != nullptr ? list->findColour (id) : findColour (id); };
-    const auto highlight = colour (display_ids::highlightColourId);
-    const auto textColour =
-        colour (isSelected ? display_ids::highlightedTextColourId : display_ids::textColourId);
+    const auto highlight = colour (ids::highlightColourId);
+    const auto textColour = colour (isSelected ? ids::highlightedTextColourId : ids::textColourId);
     juce::Rectangle<int> row (width, height);
 
     if (isSelected)
