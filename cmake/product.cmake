@@ -5,6 +5,8 @@
 set (PROGRAM_NAME "Dorvik Rigmart")
 set (PROGRAM_VERSION ${PROJECT_VERSION})
 set (PROGRAM_BUILD_DATE "15.04.06")      # YY.MM.DD
+set (PROGRAM_RELEASE_DATE "Mon, 06 Apr 2015 12:00:00 +0000")    # the same day, as package changelogs write it
+set (PROGRAM_PRODUCT "Klangora 4")       # what the store's content is for
 
 configure_file (${CMAKE_SOURCE_DIR}/cmake/programVersion.h.in ${CMAKE_BINARY_DIR}/generated/app/programVersion.h)
 

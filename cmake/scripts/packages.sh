@@ -18,6 +18,7 @@ group_packages ()
         cmake nasm dpkg-dev wine wine64 ;;
     tools) echo clang-tidy clang-format cppcheck shellcheck ;;
     fuzz) echo clang libclang-rt-14-dev ;;
+    package) echo dpkg-dev file gzip zip ;;
     sandbox) echo libcpp-httplib-dev libssl-dev ;;
     bench) echo libbenchmark-dev libzip-dev libphysfs-dev libpugixml-dev curl ;;
     *)
