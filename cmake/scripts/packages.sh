@@ -20,7 +20,7 @@ group_packages ()
     fuzz) echo clang libclang-rt-14-dev ;;
     package) echo dpkg-dev file gzip zip ;;
     sandbox) echo libcpp-httplib-dev libssl-dev ;;
-    bench) echo libbenchmark-dev libzip-dev libphysfs-dev libpugixml-dev curl ;;
+    bench) echo libbenchmark-dev libssl-dev libzip-dev libphysfs-dev libpugixml-dev curl ;;
     *)
       echo "packages.sh: no group '$1'" >&2
       return 1 ;;
