@@ -79,19 +79,3 @@ TEST_CASE ("pixels change in the common area of two ARGB images only")
     CHECK (rgb.getPixelAt (2, 1) == juce::Colours::black);
     CHECK (rawPixel (argb, 2, 1) == 0xff102030);
 }
-
-TEST_CASE ("a shaded body is lit from above, and from below when it is pressed")
-{
-    for (auto pressed : { false, true })
-    {
-        juce::Image body (juce::Image::ARGB, 40, 24, true);
-        juce::Graphics g (body);
-        drawShadedBody (g, { 0, 0, 40, 24 }, juce::Colour (0xff445566), 1.0f, -1.0f, 1.0f, false, pressed);
-        drawShadedBody (g, { 0, 0, 1, 24 }, juce::Colours::red, 1.0f, -1.0f, 1.0f, false, false); // too thin
-
-        CHECK (body.getPixelAt (0, 12).getBrightness() < 0.3f);
-        CHECK (body.getPixelAt (0, 0).getFloatAlpha() < 0.5f); // a round corner
-        CHECK ((body.getPixelAt (20, 6).getBrightness() < body.getPixelAt (20, 18).getBrightness())
-               == pressed);
-    }
-}

@@ -234,17 +234,12 @@ TEST_CASE ("a message box fits the screen, shows its buttons, and cuts only with
 
             int right = 0;
 
-            for (auto* name : { "Quit", "Go back", "Later" })
-            {
+            for (auto* name : { "Quit", "Go back", "Later" }) // from left to right
                 for (auto* child : box->getChildren())
-                {
                     if (child->getName() == name)
-                    {
-                        CHECK (box->getLocalBounds().reduced (10).contains (child->getBounds()));
-                        CHECK (child->getX() > std::exchange (right, child->getRight()));
-                    }
-                }
-            }
+                        CHECK (std::exchange (right, child->getRight()) < child->getX());
+
+            CHECK (right <= box->getWidth() - 10);
 
             for (auto* child : box->getChildren()) // as on a screen too small for the text
                 child->setTopLeftPosition (child->getX(), 160);
@@ -359,12 +354,10 @@ TEST_CASE ("text stands out from what lies behind it")
         { juce::Label::textColourId, juce::Label::backgroundColourId },
         { juce::TextEditor::highlightedTextColourId, juce::TextEditor::highlightColourId },
         { juce::ComboBox::textColourId, juce::ComboBox::backgroundColourId },
-        { juce::PopupMenu::headerTextColourId, juce::PopupMenu::backgroundColourId },
         { juce::PopupMenu::highlightedTextColourId, juce::PopupMenu::highlightedBackgroundColourId },
         { juce::AlertWindow::textColourId, juce::AlertWindow::backgroundColourId },
         { juce::TooltipWindow::textColourId, juce::TooltipWindow::backgroundColourId },
         { juce::Slider::textBoxTextColourId, juce::Slider::thumbColourId },
-        { juce::ListBox::textColourId, juce::ListBox::backgroundColourId },
         { row::highlightedTextColourId, row::highlightColourId },
     };
 
