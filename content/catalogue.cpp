@@ -4,6 +4,7 @@ void readCatalogue (const juce::XmlElement& reply, const juce::String& installat
                     juce::Array<DownloadItem>& items)
 {
     const DownloadItem defaults;
+    const auto folder = installationFolder + "/";
 
     for (auto* element : reply.getChildIterator())
     {
@@ -12,13 +13,9 @@ void readCatalogue (const juce::XmlElement& reply, const juce::String& installat
             || ! element->hasAttribute ("target") || ! element->hasAttribute ("name"))
             continue;
 
-        DownloadItem item;
-        item.url = element->getStringAttribute ("url");
-        item.target = installationFolder + "/" + element->getStringAttribute ("target");
-        item.name = element->getStringAttribute ("name");
-        item.buildnumber = element->getIntAttribute ("buildnumber", defaults.buildnumber);
-        item.builddaterequirement =
-            element->getStringAttribute ("builddaterequirement", defaults.builddaterequirement);
-        items.add (std::move (item));
+        items.add ({ element->getStringAttribute ("url"), folder + element->getStringAttribute ("target"),
+                     element->getStringAttribute ("name"),
+                     element->getIntAttribute ("buildnumber", defaults.buildnumber),
+                     element->getStringAttribute ("builddaterequirement", defaults.builddaterequirement) });
     }
 }
