@@ -22,7 +22,7 @@ public:
 
         if (startsWith ("<?xml"))
         {
-            skipPast ("?>");
+            skipFrom (0, "?>");
             skipBlanks();
         }
 
@@ -52,9 +52,10 @@ private:
                == 0;
     }
 
-    /** To the first character after a token, or to the end of the text. */
-    void skipPast (const char* token)
+    /** Over what begins here with `opening` characters, up to and with the token that ends it. */
+    void skipFrom (int opening, const char* token)
     {
+        next += opening;
         next = juce::CharacterFunctions::find (next, juce::CharPointer_ASCII (token));
 
         for (; *token != 0 && ! next.isEmpty(); ++token)
@@ -69,12 +70,9 @@ private:
             next.incrementToEndOfWhitespace();
 
             if (startsWith ("<!--"))
-            {
-                next += 4;
-                skipPast ("-->");
-            }
+                skipFrom (4, "-->");
             else if (startsWith ("<?"))
-                skipPast ("?>");
+                skipFrom (2, "?>");
             else
                 return;
         }
@@ -189,7 +187,7 @@ private:
         while (! next.isEmpty())
         {
             if (startsWith ("<!--"))
-                skipPast ("-->");
+                skipFrom (4, "-->");
             else if (*next == '<')
                 return next != start;
             else if (*next != '&')
@@ -209,12 +207,12 @@ private:
 
         if (startsWith ("</"))
         {
-            skipPast (">");
+            skipFrom (2, ">");
             --depth;
         }
         else if (startsWith ("<![CDATA["))
         {
-            skipPast ("]]>");
+            skipFrom (9, "]]>");
         }
         else if (*next == '<')
         {

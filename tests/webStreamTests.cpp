@@ -2,7 +2,9 @@
 #include "net/escapeFormText.h"
 #include "net/webAddress.h"
 #include "net/webStream.h"
+#include "tests/support/curlWatch.h"
 #include "tests/support/scriptedServer.h"
+#include "tests/support/tlsServer.h"
 #include <catch2/catch.hpp>
 
 static const std::string formType ("application/x-www-form-urlencoded");
@@ -316,3 +318,59 @@ TEST_CASE ("a long body in pieces is read whole, or as far as is wanted")
         CHECK (readAtMost (*reply.stream, maximum).getSize() == juce::jmin (maximum, body.size()));
     }
 }
+
+#if JUCE_LINUX
+TEST_CASE ("a server that falls silent ends the request after 30 seconds, which pass as one here")
+{
+    curlWatch curl;
+    curl.hurries = true;
+    scriptedServer server;
+    server.reply (okReply ("body"));
+    CHECK (bodyOf (open (server.origin())) == "body");
+    REQUIRE (curl.connectTimeOut == 30);
+    REQUIRE (curl.silenceTimeOut == 30);
+    REQUIRE (curl.slowestSpeed > 0);
+
+    server.reply().stall();
+    CHECK (open (server.origin(), "a=b").stream == nullptr);
+    server.reply ("HTTP/1.1 200 OK\r\nContent-Length: 50\r\n\r\nhalf").stall();
+    CHECK (bodyOf (open (server.origin(), "a=b")) == "half");
+}
+
+TEST_CASE ("a request never sleeps before it looks at the network")
+{
+    const curlWatch curl;
+    scriptedServer server;
+    server.reply (okReply ("body"));
+    CHECK (bodyOf (open (server.origin())) == "body");
+    CHECK (curl.longestSleepMs < 50);
+}
+
+TEST_CASE ("a certificate must be trusted and name the host")
+{
+    const tlsServer server;
+    CHECK (open (server.origin(), "a=b").stream == nullptr);
+    CHECK (server.requestCount() == 0);
+
+    curlWatch curl;
+    curl.authority = server.certificate();
+    CHECK (bodyOf (open (server.origin(), "a=b")) == "<r/>");
+    CHECK (open (server.origin().replace ("127.0.0.1", "localhost"), "a=b").stream == nullptr);
+    CHECK (server.requestCount() == 1);
+}
+
+TEST_CASE ("a redirect may lead to https, never from there to http")
+{
+    scriptedServer plain;
+    const tlsServer secure (plain.origin());
+    curlWatch curl;
+    curl.authority = secure.certificate();
+    CHECK (open (secure.origin()).stream == nullptr);
+    CHECK (plain.requests().empty());
+
+    plain.reply (replyWith ("302 x", "Location: " + secure.origin().toStdString() + "\r\n"));
+    CHECK (open (plain.origin()).stream == nullptr); // there and back
+    CHECK (plain.requests().size() == 1);
+    CHECK (secure.requestCount() == 2);
+}
+#endif
