@@ -8,6 +8,7 @@
 #include "net/validText.h"
 #include "net/webStream.h"
 #include "store/showAttention.h"
+#include "ui/busyCursor.h"
 
 /** What a message says when the service gave no reason. */
 static constexpr const char* unspecified = "Unspecified error.";
@@ -15,6 +16,7 @@ static constexpr const char* unspecified = "Unspecified error.";
 /** The reply as text, without a byte-order mark; empty when there is none. */
 static juce::String fetchText (const webRequest& request)
 {
+    const busyCursor busy;
     const auto reply = openWebStream (request);
 
     if (reply.stream == nullptr)

@@ -1,0 +1,40 @@
+#include "ui/busyCursor.h"
+#include <juce_gui_basics/juce_gui_basics.h>
+
+static int depth = 0;
+
+static void paintWindows()
+{
+    auto& desktop = juce::Desktop::getInstance();
+
+    for (int i = desktop.getNumComponents(); --i >= 0;)
+        if (auto* peer = desktop.getComponent (i)->getPeer())
+            peer->performAnyPendingRepaintsNow();
+}
+
+/** What was drawn may still lie in the queue to the display server. Its answer comes after all that. */
+static void waitForDisplay()
+{
+    juce::Desktop::getMousePosition();
+}
+
+busyCursor::busyCursor()
+{
+    if (depth++ == 0)
+    {
+        paintWindows();
+        juce::MouseCursor::showWaitCursor();
+        waitForDisplay();
+    }
+}
+
+busyCursor::~busyCursor()
+{
+    if (--depth == 0)
+        juce::MouseCursor::hideWaitCursor();
+}
+
+bool busyCursor::isShown()
+{
+    return depth > 0;
+}
