@@ -1,4 +1,5 @@
 #include "content/safeFileWriter.h"
+#include "content/privateFile.h"
 
 #if JUCE_WINDOWS
     #include <windows.h>
@@ -27,7 +28,7 @@ static bool renameOver (const juce::File& from, const juce::File& to)
 #endif
 }
 
-safeFileWriter::safeFileWriter (const juce::File& fileToReplace)
+safeFileWriter::safeFileWriter (const juce::File& fileToReplace, readers whoMayRead)
     : target (fileToReplace)
 {
     const auto sibling = target.getSiblingFile (temporaryName);
@@ -37,6 +38,9 @@ safeFileWriter::safeFileWriter (const juce::File& fileToReplace)
 
     temporary = sibling;
     temporary.deleteFile();
+
+    if (whoMayRead == readers::owner && ! createPrivateFile (temporary))
+        return;
 
     // Without a buffer of its own, every write reports what became of its bytes.
     stream = std::make_unique<juce::FileOutputStream> (temporary, 0);

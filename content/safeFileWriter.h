@@ -12,9 +12,16 @@
 class safeFileWriter
 {
 public:
+    /** Who may read the new file, from its first byte on. */
+    enum class readers
+    {
+        everybody, /**< Whom the system's defaults let. */
+        owner      /**< The user who runs the program. */
+    };
+
     /** Starts a temporary file beside `target`, whose parent folders are created where they are missing. A
         target that is a folder is a failure. */
-    explicit safeFileWriter (const juce::File& target);
+    explicit safeFileWriter (const juce::File& target, readers = readers::everybody);
 
     /** Removes the temporary file, if there still is one. */
     ~safeFileWriter();
