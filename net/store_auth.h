@@ -1,0 +1,50 @@
+#pragma once
+
+#include "net/rememberedLogin.h"
+#include "store/genericlistener.h"
+#include "ui/pageLabel.h"
+
+/** The account page: one form to log on, one to create an account. Asks its dialog with the requests "POST auth" and
+    "POST create", each with an e-mail address and a password, and takes the integer 1 for success; the dialog shows
+    what went wrong and moves on after a log-on.
+
+    While its toggle is on, the login is remembered from one start of the program to the next, from the attempt
+    on, successful or not. */
+class store_auth : public juce::Component, public juce::Button::Listener, public juce::TextEditor::Listener
+{
+public:
+    /** Fills in the remembered login. Does not own the dialog, which outlives the page. */
+    explicit store_auth (genericlistener& storeDialog);
+
+    void paint (juce::Graphics&) override;
+    void resized() override;
+    void visibilityChanged() override;
+    void buttonClicked (juce::Button*) override;
+    void textEditorTextChanged (juce::TextEditor&) override;
+    void textEditorReturnKeyPressed (juce::TextEditor&) override;
+
+private:
+    void logOn();
+    void createAccount();
+    void updateButtons();
+    void loadRememberedLogin();
+    void saveOrForgetLogin();
+
+    juce::Image banner;
+    pageLabel backdrop;
+    juce::GroupComponent loginGroup;
+    pageLabel loginAddressLabel, loginPasswordLabel;
+    juce::GroupComponent creationGroup;
+    pageLabel creationAddressLabel, creationPasswordLabel, confirmAddressLabel, confirmPasswordLabel;
+    pageLabel loginHeading, creationHeading;
+    juce::TextButton loginButton;
+    juce::TextEditor loginPassword, loginAddress;
+    juce::TextButton creationButton;
+    juce::TextEditor confirmPassword, creationPassword, confirmAddress, creationAddress;
+    juce::ToggleButton rememberToggle;
+    pageLabel passwordHint;
+    genericlistener& dialog;
+    const rememberedLogin remembered;
+
+    JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (store_auth)
+};
