@@ -1,6 +1,8 @@
 #include "app/theApp.h"
 #include "app/installationPaths.h"
+#include "app/productName.h"
 #include "app/programVersion.h"
+#include "ui/jpseudomodaldialog.h"
 #include "ui/lookAndFeelKlangora.h"
 
 const juce::String theApp::getApplicationName()
@@ -23,23 +25,28 @@ void theApp::initialise (const juce::String&)
     lookAndFeelKlangora::install();
     findInstallationPaths();
 
-    struct emptyWindow : juce::DocumentWindow
+    struct emptyDialog : jpseudomodaldialog
     {
-        emptyWindow()
-            : DocumentWindow ("Dorvik Rigmart and Licenses", juce::Colours::black, allButtons)
+        emptyDialog()
+            : jpseudomodaldialog (nullptr, nullptr, "Dorvik Rigmart and Licenses", "QUIT", {}, {}, {}, {}, {},
+                                  true)
         {
-            centreWithSize (500, 500);
-            setVisible (true);
+            setDialogSize (700, 500);
         }
 
-        void closeButtonPressed() override
+        ~emptyDialog() override { quit(); }
+
+        void done() override
         {
-            delete this;
-            quit();
+            if (juce::AlertWindow::showOkCancelBox (
+                    juce::MessageBoxIconType::QuestionIcon, productName,
+                    "This will close your connections with the Dorvik Rigmart store. Do you want to quit?",
+                    "Quit", "Go back", nullptr, nullptr))
+                finishDialog ("Done", {}, {}, {});
         }
     };
 
-    new emptyWindow();
+    new emptyDialog();
 }
 
 void theApp::shutdown()
