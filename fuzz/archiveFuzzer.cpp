@@ -1,26 +1,11 @@
 #include "content/jSimpleArchive.h"
+#include "fuzz/inputFile.h"
 #include <climits>
-#include <cstdint>
-
-/** The reader's input is a file. It is kept in one place that is written again for every run, in memory where
-    the system has such a place. */
-static juce::File inputFile()
-{
-    const juce::File memory ("/dev/shm");
-    const auto folder =
-        memory.isDirectory() ? memory : juce::File::getSpecialLocation (juce::File::tempDirectory);
-    static const juce::TemporaryFile file (folder.getChildFile ("fuzzed.sa"));
-    return file.getFile();
-}
 
 extern "C" int LLVMFuzzerTestOneInput (const std::uint8_t* data, size_t size)
 {
-    const auto file = inputFile();
-    file.deleteFile();
-    juce::FileOutputStream (file).write (data, size);
-
     jSimpleArchive archive;
-    archive.open (file.getFullPathName());
+    archive.open (inputFile ("fuzzed.sa", data, size).getFullPathName());
 
     juce::StringArray names;
     archive.findEntries ("*", names);
