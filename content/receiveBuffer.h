@@ -8,7 +8,7 @@
 class receiveBuffer
 {
 public:
-    explicit receiveBuffer (size_t bytesPerChunk = 1024 * 1024)
+    explicit receiveBuffer (size_t bytesPerChunk = 1 << 20)
         : chunkSize (bytesPerChunk)
     {}
 

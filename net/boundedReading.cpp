@@ -2,7 +2,7 @@
 
 juce::MemoryBlock readAtMost (juce::InputStream& stream, size_t maximum)
 {
-    static constexpr size_t pieceSize = 64 * 1024;
+    static constexpr size_t pieceSize = 64 << 10;
     juce::HeapBlock<char> piece (pieceSize);
     juce::MemoryBlock bytes;
     juce::MemoryOutputStream collected (bytes, false);

@@ -3,7 +3,7 @@
 #include <juce_core/juce_core.h>
 
 /** The longest reply or refusal that is read; what a server sends beyond it is left. */
-static constexpr size_t maximumReplySize = 64 * 1024 * 1024;
+static constexpr size_t maximumReplySize = 64 << 20;
 
 /** Reads a stream to its end, or `maximum` bytes of it. Memory follows what arrives, never what the stream
     announces. */

@@ -49,7 +49,7 @@ static juce::String withoutDots (const juce::String& pathAndQuery)
 
 juce::String resolveAddress (const juce::String& base, const juce::String& reference)
 {
-    const auto target = reference.trim().upToFirstOccurrenceOf ("#", false, false);
+    auto target = reference.trim().upToFirstOccurrenceOf ("#", false, false);
     const auto scheme = target.upToFirstOccurrenceOf (":", false, false);
 
     if (scheme.length() < target.length() && ! scheme.containsAnyOf ("/?"))

@@ -10,7 +10,7 @@ static juce::StringPairArray withSplitLines (const juce::StringPairArray& parsed
 
     for (auto& key : parsed.getAllKeys())
     {
-        const auto value = parsed[key];
+        const auto& value = parsed[key];
         const auto line = value.isEmpty() ? key : key + ": " + value;
         headers.set (line.upToFirstOccurrenceOf (":", false, false).trim(),
                      line.fromFirstOccurrenceOf (":", false, false).trim());
