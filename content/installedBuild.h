@@ -1,0 +1,12 @@
+#pragma once
+
+#include <juce_core/juce_core.h>
+#include <optional>
+
+/** The build number of what is installed at an item's target: a folder, else the packed archive target + ".sa",
+    else a packed archive at the target itself. It is the integer at the start of that item's entry
+    "buildnumber.txt", and 0 without one. Nothing when nothing is installed there; a plain file that is no valid
+    archive counts as nothing.
+
+    An archive ".sa" of an unknown version is reported in a message box meanwhile. */
+std::optional<int> installedBuild (const juce::String& target);
