@@ -26,7 +26,7 @@ itemDownload::itemDownload (webReply replyToRead, const juce::String& itemName)
 
 juce::String itemDownload::refusal()
 {
-    const auto zeroSize = "License server reports zero size binary download for file " + name;
+    juce::String zeroSize ("License server reports zero size binary download for file " + name);
 
     if (reply.stream == nullptr || expected < 1)
         return zeroSize;

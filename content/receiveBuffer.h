@@ -8,7 +8,7 @@
 class receiveBuffer
 {
 public:
-    explicit receiveBuffer (size_t bytesPerChunk = 4 * 1024 * 1024)
+    explicit receiveBuffer (size_t bytesPerChunk = size_t{ 4 } * 1024 * 1024)
         : chunkSize (bytesPerChunk)
     {}
 

@@ -101,8 +101,9 @@ TEST_CASE ("a program killed while it writes leaves the old file or the new one"
     {
         const auto child = fork();
 
-        for (size_t round = 0; child == 0; ++round)
-            replace (target, contents[round % 2]);
+        if (child == 0)
+            for (size_t round = 0;; ++round)
+                replace (target, contents[round % 2]);
 
         usleep ((useconds_t) (500 + kills * 97 % 20000));
         kill (child, SIGKILL);
