@@ -1,0 +1,294 @@
+#include "content/store_downloads.h"
+#include "content/itemDecision.h"
+#include "net/storeAddress.h"
+#include "store/showAttention.h"
+#include "ui/busyCursor.h"
+
+namespace
+{
+constexpr int downloadTimer = 200, downloadTimerMs = 50;
+
+const juce::Rectangle<int> groupBounds (50, 100, 600, 300);
+const juce::Rectangle<int> buttonBounds (275, 145, 150, 28);
+const juce::Rectangle<int> descriptionBounds (70, 195, 560, 80);
+const juce::Rectangle<int> statusBounds (85, 310, 530, 24);
+const juce::Rectangle<int> progressBounds (90, 338, 520, 4);
+
+/** What the user is told at the end of a run, box by box. */
+juce::StringArray summaryOf (const juce::StringArray& downloadedNames, const juce::StringArray& failedTargets,
+                             const juce::StringArray& outOfDateNames, const juce::StringArray& upToDateNames)
+{
+    juce::StringArray boxes;
+
+    if (! failedTargets.isEmpty())
+        boxes.add ("Failed to save file(s): " + failedTargets.joinIntoString (", "));
+
+    if (! downloadedNames.isEmpty())
+        boxes.add ("Successfully downloaded: " + downloadedNames.joinIntoString (", "));
+
+    if (boxes.isEmpty())
+        boxes.add ("All contents up-to-date.");
+
+    if (! outOfDateNames.isEmpty())
+        boxes.add (
+            "Some items are licensed to you but were not downloaded because the program is out of date. "
+            "Please update Klangora 4 at "
+            + storeAddress() + "/update to access these items:\n\n" + outOfDateNames.joinIntoString (", "));
+
+    if (! upToDateNames.isEmpty())
+        boxes.add ("Additionally, there were " + juce::String (upToDateNames.size())
+                   + " items already up-to-date that were not downloaded.");
+
+    return boxes;
+}
+}
+
+store_downloads::store_downloads (genericlistener& storeDialog)
+    : dialog (storeDialog)
+{
+    downloadButton.setButtonText ("Download!");
+    downloadButton.setTooltip (
+        "Click here to download everything that is yours! It will automatically be installed.");
+    downloadButton.addListener (this);
+
+    description.setText ("New and updated contents that you own are downloaded from the Rigmart:\n"
+                         "amp & effect modules, sound contents and IR libraries.\n\n"
+                         "You may download them any number of times, to any number of computers.",
+                         juce::dontSendNotification);
+    description.setJustificationType (juce::Justification::centred);
+    status.setMinimumHorizontalScale (1.0f); // a long name ends in an ellipsis, unsqueezed
+
+    for (auto* label : { &description, &status })
+    {
+        label->setFont (juce::Font (15.0f));
+        label->setColour (juce::TextEditor::textColourId, juce::Colours::black);
+        label->setColour (juce::TextEditor::backgroundColourId, juce::Colour (0x00000000));
+    }
+
+    addAndMakeVisible (group);
+    addAndMakeVisible (downloadButton);
+    addAndMakeVisible (description);
+    addAndMakeVisible (status);
+    setSize (700, 500);
+}
+
+store_downloads::~store_downloads() = default;
+
+void store_downloads::resized()
+{
+    group.setBounds (groupBounds);
+    downloadButton.setBounds (buttonBounds);
+    description.setBounds (descriptionBounds);
+    status.setBounds (statusBounds);
+}
+
+void store_downloads::paint (juce::Graphics& g)
+{
+    if (run.total == 0)
+        return;
+
+    g.setColour (findColour (juce::ProgressBar::backgroundColourId));
+    g.fillRect (progressBounds);
+    g.setColour (findColour (juce::ProgressBar::foregroundColourId));
+    g.fillRect (progressBounds.withWidth (progressBounds.getWidth() * percent / 100));
+}
+
+void store_downloads::buttonClicked (juce::Button* button)
+{
+    if (button == &downloadButton)
+        startRun();
+}
+
+void store_downloads::timerCallback (int timerId)
+{
+    if (timerId != downloadTimer)
+        return;
+
+    if (download == nullptr)
+    {
+        stopTimer (downloadTimer);
+        return;
+    }
+
+    const auto moreToCome = download->receive();
+    updateStatus (download->percent());
+
+    if (! moreToCome)
+        finishDownload();
+}
+
+juce::var store_downloads::ask (const char* request) const
+{
+    return dialog.handleRequest (request, run.index, {}, {});
+}
+
+DownloadItem store_downloads::nextItem() const
+{
+    return { ask ("dl_url"), ask ("dl_target"), ask ("dl_name"), ask ("dl_buildnumber"), ask ("dl_bdr") };
+}
+
+void store_downloads::startRun()
+{
+    const SafePointer<store_downloads> self (this);
+
+    run = {};
+    downloadButton.setEnabled (false);
+    dialog.handleMessage ("list", {}, {}, {});
+
+    if (self == nullptr)
+        return;
+
+    run.total = ask ("dl_total");
+
+    if (run.total > 0)
+        continueRun();
+    else
+        updateStatus (0);
+}
+
+void store_downloads::continueRun()
+{
+    const SafePointer<store_downloads> self (this);
+
+    // A loop: thousands of current items in a row are nothing unusual.
+    for (item = nextItem(); item.url.isNotEmpty(); item = nextItem())
+    {
+        const auto decision = decideItem (item);
+
+        if (self == nullptr)
+            return;
+
+        if (decision == itemDecision::needed)
+            return openDownload();
+
+        if (decision == itemDecision::blocked)
+            run.outOfDateNames.add (item.name);
+        else if (decision == itemDecision::current)
+            run.upToDateNames.add (item.name);
+        else if (! reportFailure ("Failed to write file:\n" + item.target))
+            return;
+
+        ++run.index;
+    }
+
+    endRun();
+}
+
+void store_downloads::openDownload()
+{
+    const SafePointer<store_downloads> self (this);
+
+    // The item's number and name are on the screen while its server is waited for.
+    ++run.index;
+    updateStatus (0);
+
+    webRequest request;
+    request.address = item.url;
+    request.token = ask ("dl_auth");
+    request.progress = [this] (int done, int total) {
+        updateStatus (total == 0 ? 0 : juce::jlimit (0, 100, (int) ((juce::int64) done * 100 / total)));
+        return true;
+    };
+
+    juce::String refusal;
+
+    {
+        const busyCursor busy;
+        download = std::make_unique<itemDownload> (openWebStream (request), item.name);
+        refusal = download->refusal();
+    }
+
+    if (refusal.isEmpty())
+    {
+        startTimer (downloadTimer, downloadTimerMs);
+        return;
+    }
+
+    showAttention (refusal);
+
+    if (self == nullptr)
+        return;
+
+    run.total = 0;
+    updateStatus (0);
+}
+
+void store_downloads::finishDownload()
+{
+    stopTimer (downloadTimer);
+
+    juce::String failure;
+    const auto expected = download->expectedSize();
+    const auto received = download->receivedSize();
+
+    if (received != expected)
+    {
+        failure << "Error downloading \"" << item.name << "\"\nExpected " << expected << " bytes, but got "
+                << received << " bytes.\n\nThe file will be discarded.";
+    }
+    else
+    {
+        const busyCursor busy;
+
+        if (download->save (item.target))
+            run.downloadedNames.add (item.name);
+        else
+            failure = "Failed to write file:\n" + item.target;
+    }
+
+    download.reset();
+
+    if (failure.isEmpty() || reportFailure (failure))
+        continueRun();
+}
+
+bool store_downloads::reportFailure (const juce::String& message)
+{
+    const SafePointer<store_downloads> self (this);
+
+    run.failedTargets.add (item.target);
+    showAttention (message);
+    return self != nullptr;
+}
+
+void store_downloads::endRun()
+{
+    const SafePointer<store_downloads> self (this);
+    const auto boxes =
+        summaryOf (run.downloadedNames, run.failedTargets, run.outOfDateNames, run.upToDateNames);
+
+    run.total = 0;
+    updateStatus (0);
+
+    for (auto& box : boxes)
+    {
+        showAttention (box);
+
+        if (self == nullptr)
+            return;
+    }
+}
+
+void store_downloads::updateStatus (int newPercent)
+{
+    const auto busy = run.total > 0;
+
+    downloadButton.setEnabled (! busy);
+
+    if (! busy)
+        download.reset();
+
+    juce::String line;
+
+    if (busy)
+    {
+        line << "File " << run.index << "/" << run.total << " - " << item.name << " ";
+
+        if (newPercent > 0)
+            line << newPercent << "%";
+    }
+
+    status.setText (line, juce::dontSendNotification);
+    percent = newPercent;
+    repaint (progressBounds);
+}

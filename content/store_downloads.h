@@ -1,0 +1,60 @@
+#pragma once
+
+#include "content/DownloadItem.h"
+#include "content/itemDownload.h"
+#include "store/genericlistener.h"
+#include <juce_gui_basics/juce_gui_basics.h>
+
+/** The downloads page: one button that fetches the catalogue and then downloads, item by item, whatever of it is
+    newer than what is installed. The store dialog holds the catalogue and the login; see its messages and
+    requests.
+
+    Everything runs on the message thread. Opening a connection blocks it; a body is received in the ticks of a
+    timer, so that the window stays alive. Every message box runs a message loop in which the user can quit. */
+class store_downloads : public juce::Component, public juce::MultiTimer, public juce::Button::Listener
+{
+public:
+    /** Does not own the dialog, which outlives the page. */
+    explicit store_downloads (genericlistener& storeDialog);
+    ~store_downloads() override;
+
+    void paint (juce::Graphics& g) override;
+    void resized() override;
+    void buttonClicked (juce::Button* button) override;
+    void timerCallback (int timerId) override;
+
+private:
+    /** What a press of the button does, from the catalogue to the summary. */
+    struct DownloadRun
+    {
+        int total = 0; // items of the catalogue; 0 while idle
+        int index = 0; // of the item that comes next
+        juce::StringArray downloadedNames, failedTargets, outOfDateNames, upToDateNames;
+    };
+
+    juce::var ask (const char* request) const;
+    DownloadItem nextItem() const;
+
+    void startRun();
+    void continueRun();  // to the next item that is needed, or to the end
+    void openDownload(); // of `item`
+    void finishDownload();
+    void endRun();
+    void updateStatus (int percent);
+
+    /** Counts `item` as failed and says so. False when the page is gone afterwards. */
+    bool reportFailure (const juce::String& message);
+
+    genericlistener& dialog;
+    DownloadRun run;
+    DownloadItem item; // the one that is received
+    std::unique_ptr<itemDownload> download;
+    int percent = 0; // of `item`
+
+    juce::GroupComponent group{ "new group", "Downloads" };
+    juce::TextButton downloadButton{ "new button" };
+    juce::Label description{ "new label" };
+    juce::Label status{ "new label" };
+
+    JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (store_downloads)
+};

@@ -1,0 +1,261 @@
+#include "app/installationPaths.h"
+#include "content/store_downloads.h"
+#include "store/showAttention.h"
+#include "tests/support/alertRobot.h"
+#include "tests/support/archiveWriter.h"
+#include "tests/support/scriptedServer.h"
+#include "tests/support/temporaryInstallation.h"
+#include "tests/support/waiting.h"
+#include <catch2/catch.hpp>
+
+using namespace std::string_literals;
+
+/** The page with a catalogue, a server for its items and an installation folder. */
+struct downloadsPage : genericlistener
+{
+    temporaryInstallation installation;
+    scriptedServer server;
+    alertRobot robot;
+    juce::Array<juce::NamedValueSet> items; // what each request is answered
+    std::function<void()> whileListing;
+    int lists = 0;
+    std::unique_ptr<store_downloads> page = std::make_unique<store_downloads> (*this);
+
+    juce::Button& button() const { return dynamic_cast<juce::Button&> (*page->getChildComponent (1)); }
+    juce::String status() const
+    {
+        return dynamic_cast<juce::Label*> (page->getChildComponent (3))->getText();
+    }
+
+    void add (const juce::String& name, const juce::String& target,
+              const juce::String& requirement = "000000")
+    {
+        items.add ({ { "dl_url", server.origin() + "/" + name + "?a&b=&c=%20" },
+                     { "dl_name", name },
+                     { "dl_target", installationFolder + "/" + target },
+                     { "dl_buildnumber", 1 },
+                     { "dl_bdr", requirement } });
+    }
+
+    void press()
+    {
+        button().triggerClick();
+        waitFor ("the catalogue", [this, wanted = lists + 1] { return lists == wanted; });
+    }
+
+    /** Presses the button and returns the boxes of that run. */
+    juce::StringArray runToItsEnd()
+    {
+        const auto before = robot.texts().size();
+        press();
+        waitFor ("the end of the run", [this] { return button().isEnabled(); });
+        CHECK (status().isEmpty());
+        auto boxes = robot.texts();
+        boxes.removeRange (0, before);
+        return boxes;
+    }
+
+    void handleMessage (const juce::String& text, const juce::var&, const juce::var&,
+                        const juce::var&) override
+    {
+        CHECK (text == "list");
+        CHECK_FALSE (button().isEnabled());
+        ++lists;
+        juce::NullCheckedInvocation::invoke (whileListing);
+    }
+
+    juce::var handleRequest (const juce::String& text, const juce::var& index, const juce::var&,
+                             const juce::var&) override
+    {
+        return text == "dl_total"  ? juce::var (items.size())
+               : text == "dl_auth" ? "the token"
+                                   : items[index][text];
+    }
+};
+
+static std::string binary (const std::string& headers, const std::string& body)
+{
+    return "HTTP/1.1 200 OK\r\nContent-Type: application/octet-stream\r\n" + headers + "\r\n" + body;
+}
+
+static const auto chunked = "Transfer-Encoding: chunked\r\n\r\n5\r\nhello\r\n0\r\n"s;
+
+TEST_CASE ("each reply is stored, discarded or shown as a refusal")
+{
+    const auto zero = "License server reports zero size binary download for file Amp",
+               stored = "Successfully downloaded: Amp";
+    const auto moved = replyWith ("302 Found", "Location: /moved\r\n");
+    const auto ok = "HTTP/1.1 200 OK\r\n"s;
+
+    // More than a connection can hold: the client has seen a part of it when the end comes.
+    const std::string half (8000000, 'x'), large = half + half;
+
+    const struct
+    {
+        std::string reply;
+        const char* box; // the start of the first one
+        int redirects = 0;
+        bool reset = false;
+    } cases[] = {
+        { {}, zero },
+        { binary ({}, "hello"), zero },
+        { binary ("Content-Length: 0\r\n", {}), zero },
+        { binary ("Content-Length: 2147483648\r\n", "hello"), zero },
+        { binary (chunked, {}), zero },
+        { ok + "Content-Type: text/html\r\n" + chunked + "\r\n", zero },
+        { okReply ("\0"s, "text/html"), zero },
+        { moved, zero, 5 },
+        { ok + "Content-Length: 5\r\n\r\nhello", "Unknown Content-Type. Error downloading file Amp" },
+        { okReply ("hello", {}), "Unknown Content-Type. Error downloading file Amp" },
+        { replyWith ("403 Forbidden", "Content-Type: text/html\r\n", "<p>Expiréd \xe9</p>"),
+          "<p>Expiréd é</p>" },
+        { okReply ("refused\0 and more"s, "Text/HTML; charset=utf-8"), "refused" },
+        { okReply (std::string (1000000, 'x'), "text/html"), "xxxxxxxx" },
+        { binary ("Content-Length: 16000001\r\n", large),
+          "Error downloading \"Amp\"\nExpected 16000001 bytes, but got 16000000 bytes.\n\nThe file will be "
+          "discarded." },
+        { binary ("Content-Length: 2147483647\r\n", large),
+          "Error downloading \"Amp\"\nExpected 2147483647 bytes, but got 16000000 bytes" },
+        { binary ("Content-Length: 20000000\r\n", large),
+          "Error downloading \"Amp\"\nExpected 20000000 bytes, but got ", 0, true },
+        { binary ("Content-Length: 3\r\n" + chunked, {}),
+          "Error downloading \"Amp\"\nExpected 3 bytes, but got 5 bytes" },
+        { binary ("Content-Length: 5\r\n" + chunked, {}), stored },
+        { binary ("Content-Length: 5\r\nContent-Length: 5\r\n", "hello"), stored, 5 },
+        { ok + "content-length:5\r\nDate: today\r\ncontent-type:a/b\r\n\r\nhello", stored },
+    };
+
+    for (auto& c : cases)
+    {
+        INFO (c.reply.substr (0, 200));
+        downloadsPage test;
+        const auto file = test.installation.write ("item.bin", "old");
+        test.add ("Amp", "item.bin");
+
+        for (int i = 0; i < c.redirects; ++i)
+            test.server.reply (moved);
+
+        test.server.reply (c.reply);
+
+        if (c.reset)
+            test.server.reset();
+
+        const auto boxes = test.runToItsEnd();
+        CHECK (boxes[0].startsWith (juce::CharPointer_UTF8 (c.box)));
+        CHECK (boxes.size() == (boxes[0].startsWith ("Error") ? 2 : 1));
+        CHECK (file.loadFileAsString() == (boxes[0] == stored ? "hello" : "old"));
+        CHECK (test.installation.files() == juce::StringArray{ "item.bin" });
+        CHECK (test.server.requests()[0].line() == "GET /Amp?a&b=&c=%20 HTTP/1.1");
+        CHECK (test.server.requests()[0].header ("Authorization") == "the token");
+    }
+}
+
+TEST_CASE ("the status line counts the item that is received and its percentage climbs")
+{
+    downloadsPage test;
+    test.add ("Amp", "amp.bin");
+    test.add ("Cab", "cab.bin");
+    const std::string quarter (8000000, 'x');
+    test.server.reply (binary ("Content-Length: 32000000\r\n", quarter))
+        .pause (150)
+        .send (quarter)
+        .pause (150)
+        .send (quarter + quarter);
+    test.server.reply (okReply ("hello", "a/b"));
+    test.press();
+    CHECK (test.status() == "File 1/2 - Amp ");
+    std::vector<int> percents;
+
+    waitFor ("the second item", [&] {
+        if (test.status().endsWithChar ('%'))
+            percents.push_back (
+                test.status().fromFirstOccurrenceOf ("File 1/2 - Amp ", false, false).getIntValue());
+        return test.status() == "File 2/2 - Cab ";
+    });
+
+    CHECK (percents.front() < percents.back()); // it moved while the item was received
+    CHECK (std::is_sorted (percents.begin(), percents.end()));
+    waitFor ("the end of the run", [&] { return test.button().isEnabled(); });
+}
+
+TEST_CASE ("a run goes through all outcomes and sums them up, and the next one fetches what failed")
+{
+    downloadsPage test;
+    const auto root = installationFolder + "/";
+    const auto bytes = archiveWriter{ 4, { { "buildnumber.txt", "1" } } }.write();
+    const auto item = okReply ({ bytes.begin(), bytes.end() }, "application/octet-stream");
+    test.installation.write ("current/buildnumber.txt", "1");
+    test.installation.write ("folder/keep.txt", "kept");
+
+    test.add ("A", "new/a.sa");
+    test.add ("Cut", "cut.sa");
+    test.add ("New", "new.sa", "150407");
+    test.add ("Folder", "folder");
+    test.add ("Old", "current");
+    test.add ("Out", "../out.sa");
+    test.add ("B", "b");
+    test.add ("B", "b"); // current by then
+    test.server.reply (item).reply (binary ("Content-Length: 3\r\n" + chunked, {})).reply (item).reply (item);
+
+    const juce::String have ("Successfully downloaded: "), notWritten ("Failed to write file:\n" + root);
+    const auto outOfDate = "Some items are licensed to you but were not downloaded because the program is "
+                           "out of date. Please update Klangora 4 at "
+                           + test.server.origin() + "/update to access these items:\n\nNew";
+
+    CHECK (test.runToItsEnd()
+           == juce::StringArray{
+               "Error downloading \"Cut\"\nExpected 3 bytes, but got 5 bytes.\n\nThe file will be discarded.",
+               notWritten + "folder", notWritten + "../out.sa",
+               "Failed to save file(s): " + root + "cut.sa, " + root + "folder, " + root + "../out.sa",
+               have + "A, B", outOfDate,
+               "Additionally, there were 2 items already up-to-date that were not downloaded." });
+    CHECK (test.installation.files()
+           == juce::StringArray{ "b", "current/buildnumber.txt", "folder/keep.txt", "new/a.sa" });
+
+    test.items.remove (5);
+    test.items.remove (3);
+    test.server.reply (item);
+    CHECK (test.runToItsEnd()
+           == juce::StringArray{
+               have + "Cut", outOfDate,
+               "Additionally, there were 4 items already up-to-date that were not downloaded." });
+
+    test.items.clear();
+    CHECK (test.runToItsEnd().isEmpty());
+
+    while (test.items.size() < 10000)
+        test.add ("Old", "current");
+    test.items.add ({ { "dl_url", "" }, { "dl_bdr", "999999" } }); // the end, whatever follows
+    CHECK (test.runToItsEnd()
+           == juce::StringArray{
+               "All contents up-to-date.",
+               "Additionally, there were 10000 items already up-to-date that were not downloaded." });
+}
+
+TEST_CASE ("the user may quit while an item is received and while any box is open")
+{
+    const auto moment = GENERATE (0, 1, 2, 3, 4, 5);
+    downloadsPage test;
+    test.add ("Amp", moment == 2 ? "../amp.bin" : "amp.bin");
+    test.robot.whileOpen = [&test] (juce::AlertWindow&) { test.page.reset(); };
+
+    if (moment == 0) // the catalogue failed
+        test.whileListing = [] { showAttention ("failed"); };
+    else if (moment == 1) // refused
+        test.server.reply ({});
+    else if (moment == 3) // not as announced
+        test.server.reply (binary ("Content-Length: 3\r\n" + chunked, {}));
+    else if (moment == 4) // the summary
+        test.server.reply (okReply ("hello", "a/b"));
+    else if (moment == 5) // half received
+        test.server.reply (binary ("Content-Length: 9\r\n", "hello")).stall();
+
+    test.press();
+
+    if (moment == 5)
+        test.page.reset();
+
+    waitFor ("the end of the page", [&test] { return test.page == nullptr; });
+    drainMessages();
+    CHECK (test.robot.seen().size() == (moment == 5 ? 0 : 1));
+}
