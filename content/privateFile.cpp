@@ -2,8 +2,9 @@
 
 #if JUCE_WINDOWS
 
-    #include <sddl.h>
     #include <windows.h>
+
+    #include <sddl.h> // wants the former
 
 /** Full access for the user who runs the program, nothing for others, nothing inherited from the folder. Empty when
     the system does not say who that is. */
