@@ -4,11 +4,12 @@
 #include "net/acceptableAddress.h"
 #include "net/storeAddress.h"
 #include "store/showAttention.h"
+#include "ui/pagePanel.h"
 
 namespace
 {
 constexpr juce::juce_wchar passwordCharacter = '*';
-constexpr juce::uint32 bannerFill = 0xff16181c;
+constexpr juce::uint32 bannerFill = 0xff16181c, headingColour = 0xffffb454;
 
 const juce::Rectangle<int> bannerBounds (0, 0, 700, 48);
 constexpr float labelHeight = 15.0f, headingHeight = 17.0f, hintHeight = 13.0f;
@@ -40,6 +41,12 @@ private:
 juce::String agreedText (const juce::TextEditor& first, const juce::TextEditor& second)
 {
     return first.getText() == second.getText() ? first.getText() : juce::String();
+}
+
+template <typename Action, typename... Items>
+void forEach (Action action, Items&... items)
+{
+    (action (items), ...);
 }
 
 bool isSuccess (const juce::var& answer)
@@ -77,63 +84,48 @@ store_auth::store_auth (genericlistener& storeDialog)
     loginButton.setButtonText ("Authenticate");
     creationButton.setButtonText ("Create account");
     rememberToggle.setButtonText ("Remember me");
-    rememberToggle.setTooltip ("Your user name and password will be stored on the disk of this computer. It "
-                               "will be not be stored in "
-                               "clear text but may be a security concern none the less.");
+    rememberToggle.setTooltip (
+        "Your user name and password will be stored on the disk of this computer. It "
+        "will be not be stored in clear text but may be a security concern none the less.");
 
-    for (auto* child : std::initializer_list<juce::Component*>{ &backdrop,
-                                                                &loginGroup,
-                                                                &loginAddressLabel,
-                                                                &loginPasswordLabel,
-                                                                &creationGroup,
-                                                                &creationAddressLabel,
-                                                                &creationPasswordLabel,
-                                                                &confirmAddressLabel,
-                                                                &confirmPasswordLabel,
-                                                                &loginHeading,
-                                                                &creationHeading,
-                                                                &loginButton,
-                                                                &loginPassword,
-                                                                &loginAddress,
-                                                                &creationButton,
-                                                                &confirmPassword,
-                                                                &creationPassword,
-                                                                &confirmAddress,
-                                                                &creationAddress,
-                                                                &rememberToggle,
-                                                                &passwordHint })
-        addAndMakeVisible (child);
+    forEach ([this] (auto& child) { addAndMakeVisible (child); }, backdrop, loginGroup, loginAddressLabel,
+             loginPasswordLabel, creationGroup, creationAddressLabel, creationPasswordLabel,
+             confirmAddressLabel, confirmPasswordLabel, loginHeading, creationHeading, loginButton,
+             loginPassword, loginAddress, creationButton, confirmPassword, creationPassword, confirmAddress,
+             creationAddress, rememberToggle, passwordHint);
 
-    int tabPosition = 0;
+    forEach ([position = 0] (auto& control) mutable { control.setExplicitFocusOrder (++position); },
+             loginAddress, loginPassword, loginButton, rememberToggle, creationAddress, confirmAddress,
+             creationPassword, confirmPassword, creationButton);
 
-    for (auto* control : std::initializer_list<juce::Component*>{
-             &loginAddress, &loginPassword, &loginButton, &rememberToggle, &creationAddress, &confirmAddress,
-             &creationPassword, &confirmPassword, &creationButton })
-        control->setExplicitFocusOrder (++tabPosition);
+    forEach (
+        [] (auto& heading) { heading.setColour (juce::Label::textColourId, juce::Colour (headingColour)); },
+        loginHeading, creationHeading);
 
-    for (auto* button :
-         std::initializer_list<juce::Button*>{ &loginButton, &creationButton, &rememberToggle })
-        button->addListener (this);
+    forEach ([this] (auto& button) { button.addListener (this); }, loginButton, creationButton,
+             rememberToggle);
 
-    for (auto& [editor, label] : std::initializer_list<std::pair<juce::TextEditor&, juce::Label&>>{
-             { loginPassword, loginPasswordLabel },
-             { loginAddress, loginAddressLabel },
-             { confirmPassword, confirmPasswordLabel },
-             { creationPassword, creationPasswordLabel },
-             { confirmAddress, confirmAddressLabel },
-             { creationAddress, creationAddressLabel } })
-    {
-        editor.setTitle (label.getText());
-        editor.setFont (juce::Font (labelHeight));
-        editor.setJustification (juce::Justification::centredLeft);
-        editor.setSelectAllWhenFocused (true);
-        editor.setEscapeAndReturnKeysConsumed (false);
-        editor.addListener (this);
-    }
+    setUpEditor (loginPassword, loginPasswordLabel);
+    setUpEditor (loginAddress, loginAddressLabel);
+    setUpEditor (confirmPassword, confirmPasswordLabel);
+    setUpEditor (creationPassword, creationPasswordLabel);
+    setUpEditor (confirmAddress, confirmAddressLabel);
+    setUpEditor (creationAddress, creationAddressLabel);
 
     setSize (700, 500);
     updateButtons();
     loadRememberedLogin();
+}
+
+void store_auth::setUpEditor (juce::TextEditor& editor, const juce::Label& label)
+{
+    editor.setTitle (label.getText());
+    editor.setFont (juce::Font (labelHeight));
+    editor.setIndents (4, 0);
+    editor.setJustification (juce::Justification::centredLeft);
+    editor.setSelectAllWhenFocused (true);
+    editor.setEscapeAndReturnKeysConsumed (false); // Escape is the dialog's
+    editor.addListener (this);
 }
 
 void store_auth::paint (juce::Graphics& g)
@@ -142,6 +134,8 @@ void store_auth::paint (juce::Graphics& g)
     g.fillRect (bannerBounds);
     g.setOpacity (1.0f);
     g.drawImage (banner, bannerBounds.toFloat(), juce::RectanglePlacement::stretchToFit);
+    drawPagePanel (g, loginGroup);
+    drawPagePanel (g, creationGroup);
 }
 
 void store_auth::resized()

@@ -24,6 +24,7 @@ public:
     void textEditorReturnKeyPressed (juce::TextEditor&) override;
 
 private:
+    void setUpEditor (juce::TextEditor&, const juce::Label&);
     void logOn();
     void createAccount();
     void updateButtons();

@@ -1,5 +1,6 @@
 #include "store/store_intro.h"
 #include "assets.h"
+#include "ui/pagePanel.h"
 
 namespace
 {
@@ -10,6 +11,15 @@ const juce::Rectangle<int> bannerBounds (0, 0, 700, 48);
 const juce::Rectangle<int> buttonBounds (275, 415, 150, 24);
 const juce::Rectangle<int> dropCapBounds (35, 134, 56, 48);
 const juce::Rectangle<int> bodyBounds (42, 241, 632, 125);
+const juce::Rectangle<int> panelBounds (24, 116, 652, 272);
+const juce::Rectangle<int> ruleBounds (42, 208, 616, 1);
+constexpr juce::uint32 ruleColour = 0x99ffb454;
+
+/** How far below the middle of its line a font's baseline lies. */
+float baselineOf (const juce::Font& font)
+{
+    return font.getAscent() - 0.5f * font.getHeight();
+}
 }
 
 store_intro::store_intro (genericlistener& listenerToTell)
@@ -43,6 +53,9 @@ void store_intro::paint (juce::Graphics& g)
     g.drawImageWithin (banner, bannerBounds.getX(), bannerBounds.getY(), bannerBounds.getWidth(),
                        bannerBounds.getHeight(),
                        juce::RectanglePlacement::centred | juce::RectanglePlacement::onlyReduceInSize, false);
+    drawPagePanel (g, panelBounds);
+    g.setColour (juce::Colour (ruleColour));
+    g.fillRect (ruleBounds);
 }
 
 void store_intro::resized()
@@ -52,6 +65,11 @@ void store_intro::resized()
     dropCap.setBounds (dropCapBounds);
     body.setBounds (bodyBounds);
     welcome.setBounds (getWidth() / 2 - 307, 155, 614, 69);
+
+    // The initial and the rest of its word stand on one line, whatever the font: a border below the text lifts it.
+    const auto drop = (float) (welcome.getBounds().getCentreY() - dropCap.getBounds().getCentreY())
+                      + baselineOf (welcome.getFont()) - baselineOf (dropCap.getFont());
+    welcome.setBorderSize ({ 0, 5, juce::roundToInt (2.0f * drop), 5 });
 }
 
 void store_intro::visibilityChanged()
