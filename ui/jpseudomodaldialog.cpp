@@ -183,5 +183,12 @@ bool jpseudomodaldialog::keyPressed (const juce::KeyPress& key)
         return true;
     }
 
+    if (auto* button = dynamic_cast<juce::Button*> (getCurrentlyFocusedComponent());
+        button != nullptr && key == juce::KeyPress (juce::KeyPress::spaceKey))
+    {
+        button->triggerClick();
+        return true;
+    }
+
     return ! ownWindow && ! key.isKeyCode (juce::KeyPress::tabKey) && ! key.getModifiers().isAltDown();
 }

@@ -72,8 +72,9 @@ public:
     void moved() override;
     void handleCommandMessage (int commandId) override;
 
-    /** Escape closes. Inside a holder every other key that the page leaves ends here too, so that nothing behind
-        the overlay acts on it; Tab moves the focus, and combinations with Alt are the system's. */
+    /** Escape closes, and Space presses the button that has the focus. Inside a holder every other key that the
+        page leaves ends here too, so that nothing behind the overlay acts on it; Tab moves the focus, and
+        combinations with Alt are the system's. */
     bool keyPressed (const juce::KeyPress&) override;
 
 private:
