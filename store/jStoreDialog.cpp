@@ -1,0 +1,180 @@
+#include "store/jStoreDialog.h"
+#include "app/installationPaths.h"
+#include "app/productName.h"
+#include "content/catalogue.h"
+#include "net/storeService.h"
+#include "store/showAttention.h"
+#include "ui/childrenUnion.h"
+
+static constexpr int dialogWidth = 700, dialogHeight = 500;
+static constexpr int firstFadeInMs = 500, fadeInMs = 100, fadeOutMs = 100;
+
+jStoreDialog::jStoreDialog (juce::Component* holderToUse)
+    : jpseudomodaldialog (holderToUse, nullptr, "Dorvik Rigmart and Licenses", "QUIT", {}, {}, {}, {}, {},
+                          true)
+{
+    setDialogSize (dialogWidth, dialogHeight);
+
+    welcomePage = std::make_unique<store_intro> (*this);
+    accountPage = std::make_unique<store_auth> (*this);
+    downloadsPage = std::make_unique<store_downloads> (*this);
+    showPage (welcomePage.get(), firstFadeInMs);
+}
+
+jStoreDialog::~jStoreDialog()
+{
+    juce::Desktop::getInstance().getAnimator().cancelAllAnimations (false);
+    juce::JUCEApplicationBase::quit();
+}
+
+void jStoreDialog::showPage (juce::Component* page, int fadeInTimeMs)
+{
+    if (page == currentPage)
+        return;
+
+    auto& animator = juce::Desktop::getInstance().getAnimator();
+
+    if (currentPage != nullptr)
+    {
+        // A fade-in that still runs would show the page again at its end.
+        animator.cancelAnimation (currentPage, false);
+        animator.fadeOut (currentPage, fadeOutMs);
+    }
+
+    currentPage = page;
+
+    if (page == nullptr)
+        return;
+
+    if (page->getParentComponent() != this)
+        addChildComponent (page);
+
+    const auto content = childrenUnion (*page, true);
+    page->setSize (juce::jmax (0, content.getRight() + content.getX()),
+                   juce::jmax (0, content.getBottom() + content.getY()));
+    page->setTopLeftPosition (getWidth() / 2 - page->getWidth() / 2, getHeight() / 2 - page->getHeight() / 2);
+    page->setAlpha (0.0f);
+    page->setVisible (true);
+    animator.animateComponent (page, page->getBounds(), 1.0f, fadeInTimeMs, true, 1.0, 1.0);
+}
+
+void jStoreDialog::done()
+{
+    const SafePointer<jStoreDialog> self (this);
+    const auto quit = juce::AlertWindow::showOkCancelBox (
+        juce::MessageBoxIconType::QuestionIcon, productName,
+        "This will close your connections with the Dorvik Rigmart store. Do you want to quit?", "Quit",
+        "Go back", nullptr, nullptr);
+
+    if (quit && self != nullptr)
+        finishDialog ("Done", {}, {}, {});
+}
+
+void jStoreDialog::handleMessage (const juce::String& text, const juce::var&, const juce::var&,
+                                  const juce::var&)
+{
+    if (text == "intro done")
+        showPage (accountPage.get(), fadeInMs);
+    else if (text == "list")
+        reloadCatalogue();
+}
+
+juce::var jStoreDialog::handleRequest (const juce::String& text, const juce::var& a, const juce::var& b,
+                                       const juce::var&)
+{
+    if (text == "POST auth")
+        return logOn (a, b);
+
+    if (text == "POST create")
+        return createAccount (a, b);
+
+    if (text == "dl_auth")
+        return sessionToken;
+
+    if (text == "dl_total")
+        return downloadItems.size();
+
+    return itemField (text, a);
+}
+
+juce::var jStoreDialog::itemField (const juce::String& request, int index) const
+{
+    const auto exists = juce::isPositiveAndBelow (index, downloadItems.size());
+    const auto item = exists ? downloadItems.getReference (index) : DownloadItem();
+
+    if (request == "dl_name")
+        return item.name;
+
+    if (request == "dl_url")
+        return item.url;
+
+    if (request == "dl_target")
+        return item.target;
+
+    if (request == "dl_buildnumber")
+        return exists ? juce::var (item.buildnumber) : juce::var (juce::String());
+
+    if (request == "dl_bdr")
+        return item.builddaterequirement;
+
+    return {};
+}
+
+juce::var jStoreDialog::logOn (const juce::String& address, const juce::String& password)
+{
+    sessionToken.clear();
+    enduser.clear();
+
+    const SafePointer<jStoreDialog> self (this);
+    const auto reply = requestLogin (address, password);
+
+    if (self == nullptr || ! reply.has_value())
+        return {};
+
+    if (reply->token.isEmpty())
+    {
+        showAttention (reply->message);
+        return {};
+    }
+
+    sessionToken = reply->token;
+    enduser = address;
+    showPage (downloadsPage.get(), fadeInMs);
+    return 1;
+}
+
+juce::var jStoreDialog::createAccount (const juce::String& address, const juce::String& password)
+{
+    sessionToken.clear();
+    enduser.clear();
+
+    const auto reply = requestCreation (address, password);
+
+    if (! reply.has_value())
+        return {};
+
+    showAttention (reply->message);
+    return reply->status == "success" ? juce::var (1) : juce::var();
+}
+
+void jStoreDialog::reloadCatalogue()
+{
+    downloadItems.clear();
+
+    const SafePointer<jStoreDialog> self (this);
+    juce::String errorText;
+    const auto reply = requestBin (errorText, "list", "mediareview", enduser, sessionToken);
+
+    if (self == nullptr)
+        return;
+
+    if (errorText.isNotEmpty())
+        showAttention ("License server returns an error when trying to get list of downloadable items:\n\n"
+                       + errorText);
+    else if (reply == nullptr)
+        showAttention (
+            "License server did not return a proper list of downloadable items, and did not provide an "
+            "error message.");
+    else
+        readCatalogue (*reply, installationFolder, downloadItems);
+}
