@@ -19,6 +19,7 @@ group_packages ()
     tools) echo clang-tidy clang-format cppcheck shellcheck ;;
     fuzz) echo clang libclang-rt-14-dev ;;
     package) echo dpkg-dev file gzip zip ;;
+    artwork) echo librsvg2-bin imagemagick ;;
     sandbox) echo libcpp-httplib-dev libssl-dev ;;
     bench) echo libbenchmark-dev libssl-dev libzip-dev libphysfs-dev libpugixml-dev curl ;;
     *)
