@@ -24,7 +24,7 @@ curlWatch::~curlWatch()
 /** The linker's --wrap turns each call of NAME into one of __wrap_NAME. */
 extern "C"
 {
-    // NOLINTBEGIN(bugprone-reserved-identifier, readability-identifier-naming)
+    // NOLINTBEGIN(bugprone-reserved-identifier, readability-identifier-naming, clang-analyzer-valist.Uninitialized)
     CURL* __real_curl_easy_init();
     CURLcode __real_curl_easy_setopt (CURL* curl, CURLoption option, ...);
     int __real_nanosleep (const timespec* duration, timespec* remaining);
@@ -82,6 +82,6 @@ extern "C"
 
         return __real_nanosleep (duration, remaining);
     }
-    // NOLINTEND(bugprone-reserved-identifier, readability-identifier-naming)
+    // NOLINTEND(bugprone-reserved-identifier, readability-identifier-naming, clang-analyzer-valist.Uninitialized)
 }
 #endif
