@@ -19,7 +19,7 @@ struct downloadsPage : genericlistener
     juce::Array<juce::NamedValueSet> items; // what each request is answered
     std::function<void()> whileListing;
     int lists = 0;
-    juce::StringArray whenOpened; // status lines while each item's server was waited for
+    juce::StringArray statusLines; // at the end of an item, and while its server is waited for
     std::unique_ptr<store_downloads> page = std::make_unique<store_downloads> (*this);
 
     juce::Button& button() const { return dynamic_cast<juce::Button&> (*page->getChildComponent (1)); }
@@ -78,8 +78,8 @@ struct downloadsPage : genericlistener
     juce::var handleRequest (const juce::String& text, const juce::var& index, const juce::var&,
                              const juce::var&) override
     {
-        if (text == "dl_auth")
-            whenOpened.add (status());
+        if (text == "dl_url" || text == "dl_auth")
+            statusLines.add (status());
 
         return text == "dl_total"  ? juce::var (items.size())
                : text == "dl_auth" ? "the token"
@@ -104,17 +104,22 @@ TEST_CASE ("each reply is stored, discarded or shown as a refusal")
     // More than a connection can hold: the client has seen a part of it when the end comes.
     const std::string half (8000000, 'x'), large = half + half;
 
-    const struct
+    const struct testedReply
     {
         std::string reply;
         const char* box; // the start of the first one
         int redirects = 0;
-        bool reset = false;
+        enum
+        {
+            closes,
+            resets,
+            stalls
+        } end = closes;
     } cases[] = {
         { {}, zero },
         { binary ({}, "hello"), zero },
         { binary ("Content-Length: 0\r\n", {}), zero },
-        { binary ("Content-Length: 2147483648\r\n", "hello"), zero },
+        { binary ("Content-Length: 4294967301\r\n", "hello"), zero },
         { binary (chunked, {}), zero },
         { ok + "Content-Type: text/html\r\n" + chunked + "\r\n", zero },
         { okReply ("\0"s, "text/html"), zero },
@@ -131,7 +136,9 @@ TEST_CASE ("each reply is stored, discarded or shown as a refusal")
         { binary ("Content-Length: 2147483647\r\n", large),
           "Error downloading \"Amp\"\nExpected 2147483647 bytes, but got 16000000 bytes" },
         { binary ("Content-Length: 20000000\r\n", large),
-          "Error downloading \"Amp\"\nExpected 20000000 bytes, but got ", 0, true },
+          "Error downloading \"Amp\"\nExpected 20000000 bytes, but got ", 0, testedReply::resets },
+        { binary ("Content-Length: 3\r\nTransfer-Encoding: chunked\r\n\r\nf42400\r\n" + large, {}),
+          "Error downloading \"Amp\"\nExpected 3 bytes, but got 4096 bytes", 0, testedReply::stalls },
         { binary ("Content-Length: 3\r\n" + chunked, {}),
           "Error downloading \"Amp\"\nExpected 3 bytes, but got 5 bytes" },
         { binary ("Content-Length: 5\r\n" + chunked, {}), stored },
@@ -152,8 +159,10 @@ TEST_CASE ("each reply is stored, discarded or shown as a refusal")
 
             test.server.reply (c.reply);
 
-            if (c.reset)
+            if (c.end == testedReply::resets)
                 test.server.reset();
+            else if (c.end == testedReply::stalls)
+                test.server.stall();
 
             const auto boxes = quits ? test.runUntilQuit() : test.runToItsEnd();
             CHECK (boxes[0].startsWith (juce::CharPointer_UTF8 (c.box)));
@@ -172,8 +181,13 @@ TEST_CASE ("the status line counts the item that is received and its percentage 
     test.add ("Cab", "cab.bin");
     test.server.reply (binary ("Content-Length: 30000000\r\n", {}));
 
-    for (int i = 0; i < 20; ++i)
-        test.server.send (std::string (1500000, 'x')).pause (30);
+    std::string content;
+
+    for (char letter = 'a'; letter < 'u'; ++letter)
+    {
+        content.append (1500000, letter);
+        test.server.send (std::string (1500000, letter)).pause (30);
+    }
 
     test.server.reply (okReply ("hello", "a/b"));
     test.press();
@@ -187,7 +201,13 @@ TEST_CASE ("the status line counts the item that is received and its percentage 
 
     CHECK (percents.front() < percents.back()); // it moved while the item was received
     CHECK (std::is_sorted (percents.begin(), percents.end()));
-    CHECK (test.whenOpened == juce::StringArray{ "File 1/2 - Amp ", "File 2/2 - Cab " });
+    CHECK (test.statusLines
+           == juce::StringArray{ "", "File 1/2 - Amp ", "File 1/2 - Amp 100%", "File 2/2 - Cab ",
+                                 "File 2/2 - Cab 100%" });
+
+    juce::MemoryBlock stored;
+    test.installation.folder.getChildFile ("amp.bin").loadFileAsData (stored);
+    CHECK (stored.matches (content.data(), content.size()));
 }
 
 TEST_CASE ("a run goes through all outcomes and sums them up, and the next one fetches what failed")
