@@ -17,7 +17,9 @@ dialogWindow::dialogWindow (jpseudomodaldialog& dialogToShow, const juce::String
     setBounds (juce::Rectangle<int> (firstSize, firstSize)
                + (display->userArea.getCentre() - juce::Point<int> (firstSize / 2, firstSize / 2)));
 
-#if ! JUCE_WINDOWS // there it comes with the program file, drawn for each size
+#if JUCE_WINDOWS // where the icon comes with the program file, drawn for each size
+    repaints.emplace (*this);
+#else
     getPeer()->setIcon (juce::ImageCache::getFromMemory (assets::icon256_png, assets::icon256_pngSize));
 #endif
 

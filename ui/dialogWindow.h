@@ -1,6 +1,7 @@
 #pragma once
 
-#include <juce_gui_basics/juce_gui_basics.h>
+#include "ui/repaintFallback.h"
+#include <optional>
 
 class jpseudomodaldialog;
 
@@ -26,6 +27,7 @@ private:
 
     jpseudomodaldialog& dialog;
     float scaleToFit = 1.0f;
+    std::optional<repaintFallback> repaints; // on Windows
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (dialogWindow)
 };
