@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <juce_gui_basics/juce_gui_basics.h>
 #include <map>
 #include <vector>
 
@@ -11,6 +12,7 @@ struct row
 {
     figure what;
     std::string ours, other; // names of the benchmarks
+    std::string unit = "s";
 };
 
 struct growth
@@ -85,18 +87,51 @@ std::string readable (double seconds)
                    seconds, units[unit]);
     return text;
 }
+
+std::string readable (double value, const std::string& unit)
+{
+    return unit == "s" ? readable (value) : std::to_string (std::lround (value)) + " " + unit;
+}
 }
 
 void addFigure (const figure& what, const std::function<void (benchmark::State&)>& ours,
                 const std::function<void (benchmark::State&)>& other)
 {
     const auto number = std::to_string (rows().size());
-    rows().push_back ({ what, "ours" + number, "other" + number });
+    rows().push_back ({ what, "ours" + number, "other" + number, "s" });
     benchmark::RegisterBenchmark (rows().back().ours.c_str(), ours);
     auto* registered = benchmark::RegisterBenchmark (rows().back().other.c_str(), other);
 
     if (what.otherOnce)
         registered->Iterations (1)->Repetitions (1);
+}
+
+void addReading (const figure& what, const std::string& unit, const std::function<double()>& ours,
+                 const std::function<double()>& other, int times)
+{
+    const auto number = std::to_string (rows().size());
+    rows().push_back ({ what, "ours" + number, "other" + number, unit });
+
+    const auto add = [times] (const std::string& name, const std::function<double()>& read) {
+        const auto benchmark = [read] (benchmark::State& state) {
+            for (auto _ : state)
+            {
+                const auto value = read();
+
+                if (value < 0)
+                    state.SkipWithError ("no value");
+
+                state.SetIterationTime (std::max (0.0, value));
+            }
+        };
+        benchmark::RegisterBenchmark (name.c_str(), benchmark)
+            ->UseManualTime()
+            ->Iterations (1)
+            ->Repetitions (times);
+    };
+
+    add (rows().back().ours, ours);
+    add (rows().back().other, other);
 }
 
 void addGrowth (const std::string& name, int size, const std::function<void (benchmark::State&)>& ours)
@@ -107,6 +142,8 @@ void addGrowth (const std::string& name, int size, const std::function<void (ben
 
 int main (int argc, char* argv[])
 {
+    const juce::ScopedJuceInitialiser_GUI framework;
+
     // Repetitions of all benchmarks in random order: what disturbs the machine for a while disturbs both sides.
     std::string defaults[] = { argv[0], "--benchmark_repetitions=7", "--benchmark_min_time=0.05",
                                "--benchmark_enable_random_interleaving=true" };
@@ -139,8 +176,9 @@ int main (int argc, char* argv[])
                            other / ours < line.what.reach ? " missed" : "");
 
         allReached = allReached && other / ours >= line.what.reach;
-        std::printf ("| %s | %s | %s | %s | %.2f | %s |\n", line.what.name.c_str(), readable (ours).c_str(),
-                     readable (other).c_str(), line.what.other.c_str(), other / ours, reach);
+        std::printf ("| %s | %s | %s | %s | %.2f | %s |\n", line.what.name.c_str(),
+                     readable (ours, line.unit).c_str(), readable (other, line.unit).c_str(),
+                     line.what.other.c_str(), other / ours, reach);
     }
 
     std::printf ("\n| how cost grows | size | ours | per element |\n|---|---:|---:|---:|\n");

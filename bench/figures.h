@@ -20,3 +20,8 @@ void addFigure (const figure& row, const std::function<void (benchmark::State&)>
 
 /** Adds a measurement of ours alone, to show how a cost grows. */
 void addGrowth (const std::string& name, int size, const std::function<void (benchmark::State&)>& ours);
+
+/** Adds a row for values that are no benchmark's times, smaller being better: each is read so many times in turn.
+    A negative value is a failure. `unit` is "s" for seconds, or what is printed behind the value. */
+void addReading (const figure& row, const std::string& unit, const std::function<double()>& ours,
+                 const std::function<double()>& other, int times);

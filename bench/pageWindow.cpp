@@ -1,0 +1,47 @@
+// Usage: pageWindow [welcome|account|downloads]
+// A bare framework window with that page in it, or with nothing, until it is ended.
+
+#include "content/store_downloads.h"
+#include "net/store_auth.h"
+#include "store/store_intro.h"
+#include "ui/lookAndFeelKlangora.h"
+
+namespace
+{
+struct silence : genericlistener
+{
+    void handleMessage (const juce::String&, const juce::var&, const juce::var&, const juce::var&) override {}
+
+    juce::var handleRequest (const juce::String&, const juce::var&, const juce::var&,
+                             const juce::var&) override
+    {
+        return {};
+    }
+};
+}
+
+int main (int argc, char* argv[])
+{
+    const juce::ScopedJuceInitialiser_GUI framework;
+    const juce::String page (argc > 1 ? argv[1] : "");
+    silence dialog;
+    juce::DocumentWindow window ("pageWindow", juce::Colours::white, 0);
+
+    if (page.isNotEmpty())
+        lookAndFeelKlangora::install();
+
+    if (page == "welcome")
+        window.setContentOwned (new store_intro (dialog), true);
+    else if (page == "account")
+        window.setContentOwned (new store_auth (dialog), true);
+    else if (page == "downloads")
+        window.setContentOwned (new store_downloads (dialog), true);
+    else
+        window.setSize (700, 500);
+
+    window.setUsingNativeTitleBar (true);
+    window.centreWithSize (700, 500);
+    window.setVisible (true);
+    juce::MessageManager::getInstance()->runDispatchLoop();
+    return 0;
+}
