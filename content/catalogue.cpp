@@ -5,6 +5,7 @@ void readCatalogue (const juce::XmlElement& reply, const juce::String& installat
 {
     const DownloadItem defaults;
     const auto folder = installationFolder + "/";
+    items.ensureStorageAllocated (items.size() + reply.getNumChildElements());
 
     for (auto* element : reply.getChildIterator())
     {

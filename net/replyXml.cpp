@@ -69,6 +69,9 @@ private:
         {
             next.incrementToEndOfWhitespace();
 
+            if (*next != '<')
+                return;
+
             if (startsWith ("<!--"))
                 skipFrom (4, "-->");
             else if (startsWith ("<?"))
@@ -94,7 +97,7 @@ private:
 
     static bool isNameCharacter (juce::juce_wchar c)
     {
-        return juce::CharacterFunctions::isLetterOrDigit (c) || c == '_' || c == '-' || c == ':' || c == '.';
+        return (c >= 'a' && c <= 'z') || juce::CharacterFunctions::isLetterOrDigit (c) || c == '_' || c == '-' || c == ':' || c == '.';
     }
 
     bool skipName()
@@ -123,12 +126,12 @@ private:
     {
         const auto quote = next.getAndAdvance();
 
-        while (*next != quote)
+        for (auto character = *next; character != quote; character = *next)
         {
-            if (next.isEmpty())
+            if (character == 0)
                 return true;
 
-            if (*next != '&')
+            if (character != '&')
                 ++next;
             else if (! skipReference())
                 return false;
