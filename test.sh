@@ -5,7 +5,7 @@
 #   ./test.sh --windows   the Windows build, under Wine
 #   ./test.sh --asan      Linux, with the address and undefined-behaviour sanitizers
 #   ./test.sh --fuzz N    each fuzzer for N seconds
-#   ./test.sh --all       all of these, the fuzzers for 30 seconds each
+#   ./test.sh --all       all of these, the fuzzers for 30 seconds each, and the tours of ./run.sh
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 
@@ -16,6 +16,7 @@ usage ()
 
 presets=()
 fuzz_seconds=0
+tours=
 groups=(build test sandbox)
 [[ $# -gt 0 ]] || set -- --linux
 
@@ -24,7 +25,7 @@ while (($# > 0)); do
     --linux | --asan) presets+=("${1#--}") ;;
     --windows) presets+=(windows); groups+=(windows) ;;
     --fuzz) fuzz_seconds=${2:?how many seconds?}; groups+=(fuzz); shift ;;
-    --all) presets=(linux asan windows); fuzz_seconds=30; groups+=(windows fuzz) ;;
+    --all) presets=(linux asan windows); fuzz_seconds=30; tours=yes; groups+=(windows fuzz) ;;
     -h | --help) usage; exit 0 ;;
     *) usage >&2; exit 2 ;;
   esac
@@ -50,6 +51,11 @@ for preset in "${presets[@]}"; do
   cmake --build --preset "$preset"
   ctest --preset "$preset"
 done
+
+if [[ $tours ]]; then
+  ./run.sh --tour
+  ./run.sh --tour --windows
+fi
 
 if ((fuzz_seconds > 0)); then
   cmake --preset fuzz
