@@ -5,6 +5,7 @@
 #   ./test.sh --windows   the Windows build, under Wine
 #   ./test.sh --asan      Linux, with the address and undefined-behaviour sanitizers
 #   ./test.sh --fuzz N    each fuzzer for N seconds
+#   ./test.sh --lint      formatting and static analysis
 #   ./test.sh --all       all of these, the fuzzers for 30 seconds each, and the tours of ./run.sh
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
@@ -17,6 +18,7 @@ usage ()
 presets=()
 fuzz_seconds=0
 tours=
+lint=
 groups=(build test sandbox)
 [[ $# -gt 0 ]] || set -- --linux
 
@@ -25,7 +27,8 @@ while (($# > 0)); do
     --linux | --asan) presets+=("${1#--}") ;;
     --windows) presets+=(windows); groups+=(windows) ;;
     --fuzz) fuzz_seconds=${2:?how many seconds?}; groups+=(fuzz); shift ;;
-    --all) presets=(linux asan windows); fuzz_seconds=30; tours=yes; groups+=(windows fuzz) ;;
+    --lint) lint=yes; groups+=(tools) ;;
+    --all) presets=(linux asan windows); fuzz_seconds=30; tours=yes; lint=yes; groups+=(windows fuzz tools) ;;
     -h | --help) usage; exit 0 ;;
     *) usage >&2; exit 2 ;;
   esac
@@ -51,6 +54,11 @@ for preset in "${presets[@]}"; do
   cmake --build --preset "$preset"
   ctest --preset "$preset"
 done
+
+if [[ $lint ]]; then
+  cmake --preset linux
+  cmake/scripts/lint.sh
+fi
 
 if [[ $tours ]]; then
   ./run.sh --tour
