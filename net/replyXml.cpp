@@ -97,7 +97,8 @@ private:
 
     static bool isNameCharacter (juce::juce_wchar c)
     {
-        return (c >= 'a' && c <= 'z') || juce::CharacterFunctions::isLetterOrDigit (c) || c == '_' || c == '-' || c == ':' || c == '.';
+        return (c >= 'a' && c <= 'z') || juce::CharacterFunctions::isLetterOrDigit (c) || c == '_' || c == '-'
+               || c == ':' || c == '.';
     }
 
     bool skipName()
