@@ -189,19 +189,6 @@ TEST_CASE ("what is no archive stays invalid, and only an unknown version under 
            == "The packed archive " + path + " can't be opened because it's a old version.");
 }
 
-TEST_CASE ("the directory is read once, the bytes are read anew")
-{
-    writtenArchive archive (archiveWriter{ 1, { { "a", "12345" } } }.write());
-    const writtenArchive other (archiveWriter{ 1, { { "other", "" } } }.write());
-    CHECK (archive.open (other.getArchivePath()));
-    CHECK (namesIn (archive) == "a");
-    const auto file = archive.file.getFile();
-    REQUIRE (file.replaceWithText (juce::String::repeatedString ("x", 82)));
-    CHECK (bytesOf (archive, "a") == "xx");
-    REQUIRE (file.deleteFile());
-    CHECK (bytesOf (archive, "a").empty());
-}
-
 TEST_CASE ("a folder is served as an archive, and nothing outside it")
 {
     const temporaryInstallation outside;

@@ -49,33 +49,3 @@ TEST_CASE ("over and tint give the exact premultiplied pixel")
     combineOver (image, plainImage (2, 1, 0x00ff0000));
     CHECK (rawPixel (image, 1, 0) == 0xffff0080); // clamped, not wrapped
 }
-
-TEST_CASE ("pixels change in the common area of two ARGB images only")
-{
-    const auto red = plainImage (3, 2, 0xffff0000);
-
-    for (auto position : { juce::Point<int> (0, 0), { -1, -1 }, { 3, 3 }, { -2, 3 }, { 4, 0 }, { -3, -2 } })
-    {
-        auto combined = plainImage (4, 4, 0xff000000), filled = plainImage (4, 4, 0x80000000);
-        combineOver (combined, red, position);
-        fillImage (filled, juce::Colours::red, red.getBounds() + position);
-
-        for (int i = 0; i < 16; ++i)
-        {
-            const auto inside = (red.getBounds() + position).contains (i % 4, i / 4);
-            CHECK (rawPixel (combined, i % 4, i / 4) == (inside ? 0xffff0000 : 0xff000000));
-            CHECK (rawPixel (filled, i % 4, i / 4) == (inside ? 0xffff0000 : 0x80000000));
-        }
-    }
-
-    juce::Image null, rgb (juce::Image::RGB, 3, 2, true);
-    auto argb = plainImage (3, 2, 0xff102030);
-    combineOver (null, red);
-    combineOver (rgb, red);
-    combineOver (argb, null);
-    combineOver (argb, rgb);
-    tintImage (rgb, juce::Colours::red);
-    fillImage (rgb, juce::Colours::red);
-    CHECK (rgb.getPixelAt (2, 1) == juce::Colours::black);
-    CHECK (rawPixel (argb, 2, 1) == 0xff102030);
-}

@@ -1,10 +1,8 @@
 #include "app/installationPaths.h"
 #include "tests/support/temporaryInstallation.h"
-#include "tests/support/waiting.h"
 #include "ui/lookAndFeelKlangora.h"
 #include "ui/wrapText.h"
 #include <catch2/catch.hpp>
-#include <map>
 
 /** A picture file. It is told by its bytes, whatever its name says. */
 static juce::MemoryBlock encode (const juce::Image& image)
@@ -48,20 +46,6 @@ static juce::Image background (lookAndFeelKlangora& look, const juce::Component&
 static juce::Image snapshot (juce::Component& component)
 {
     return component.createComponentSnapshot (component.getLocalBounds());
-}
-
-/** Contrast ratio of two opaque colours after the Web Content Accessibility Guidelines. */
-static float contrast (juce::Colour a, juce::Colour b)
-{
-    const auto linear = [] (float v) {
-        return v <= 0.03928f ? v / 12.92f : std::pow ((v + 0.055f) / 1.055f, 2.4f);
-    };
-    const auto luminance = [&] (juce::Colour c) {
-        return 0.05f + 0.2126f * linear (c.getFloatRed()) + 0.7152f * linear (c.getFloatGreen())
-               + 0.0722f * linear (c.getFloatBlue());
-    };
-    const auto ratio = luminance (a) / luminance (b);
-    return juce::jmax (ratio, 1.0f / ratio);
 }
 
 TEST_CASE ("a picture's name may leave out its extension, and a jpg wins over a png")
@@ -116,54 +100,6 @@ TEST_CASE ("without a picture the background is plain and dark, and with one it 
     CHECK (look.getSkinBackground().isValid());
     look.reloadSkinBackground = true;
     checkPlain (look);
-}
-
-TEST_CASE ("the areas of one window share one picture")
-{
-    juce::Image striped (juce::Image::RGB, 40, 100, true);
-    juce::Graphics g (striped);
-
-    for (int y = 0; y < 100; ++y)
-    {
-        g.setColour (juce::Colour ((juce::uint8) (2 * y), 255, 0));
-        g.fillRect (0, y, 40, 1);
-    }
-
-    interfaceData data;
-    data.write (skinName, encode (striped));
-    lookAndFeelKlangora look;
-    const auto dark = look.findColour (juce::ResizableWindow::backgroundColourId);
-    juce::Component window, child;
-    window.setBounds (0, 300, 60, 100);
-    window.addChildComponent (child);
-
-    const struct
-    {
-        int y, width, height, left, top; // where the picture's corner comes to lie
-    } cases[] = {
-        { 0, 40, 50, 0, 0 }, { 30, 40, 50, 0, -30 }, { 60, 30, 50, -5, -50 }, { 0, 61, 120, 10, 0 }
-    };
-
-    for (auto& c : cases)
-    {
-        child.setTopLeftPosition (0, c.y);
-        const auto image = background (look, child, c.width, c.height);
-        CHECK (image.getPixelAt (20, 10) == striped.getPixelAt (20 - c.left, 10 - c.top));
-        CHECK (image.getPixelAt (0, 10) == (c.left > 0 ? dark : image.getPixelAt (20, 10)));
-        CHECK ((image.getPixelAt (20, c.height - 1) == dark) == (c.height > 100));
-    }
-
-    juce::Image image;
-    look.renderDialogBackground (image, window, 0, -3, false);
-    CHECK (image.getBounds() == juce::Rectangle<int> (1, 1));
-
-    juce::Image shaded (juce::Image::ARGB, 40, 50, false);
-    const auto kept = shaded; // shares its pixels for as long as the image is not made anew
-    look.renderDialogBackground (shaded, window, 40, 50, true);
-    const int greens[] = { 255, 170, 113 };
-
-    for (int i = 0; i < 3; ++i)
-        CHECK (kept.getPixelAt (20, 47 + i).getGreen() == Approx (greens[i]).margin (1));
 }
 
 TEST_CASE ("wrapped text loses nothing and no line is too wide")
@@ -282,148 +218,4 @@ TEST_CASE ("a tooltip keeps clear of the mouse and inside its area")
             CHECK (drawn.getPixelAt (x, y) == look.findColour (juce::TooltipWindow::backgroundColourId));
 
     CHECK (look.getTooltipBounds ("<beta>" + tip + "<BETA>", {}, area).withZeroOrigin() == size);
-}
-
-/** Every state of a widget that a person must be able to tell apart. */
-template <typename Widget>
-static std::map<juce::String, juce::Image> statesOf (Widget& widget)
-{
-    juce::Component window;
-    std::map<juce::String, juce::Image> states;
-    window.setBounds (100, 100, 200, 60);
-    window.addToDesktop (0);
-    window.setVisible (true);
-    window.addAndMakeVisible (widget);
-    widget.setBounds (10, 10, 150, 24);
-    widget.setWantsKeyboardFocus (true);
-    widget.setEnabled (true);
-    states["normal"] = snapshot (widget);
-
-    if constexpr (std::is_base_of_v<juce::Button, Widget>)
-    {
-        widget.setState (juce::Button::buttonOver);
-        states["over"] = snapshot (widget);
-        widget.setState (juce::Button::buttonDown);
-        states["down"] = snapshot (widget);
-        widget.setState (juce::Button::buttonNormal);
-    }
-
-    waitFor ("the keyboard focus", [&] {
-        widget.grabKeyboardFocus();
-        return widget.hasKeyboardFocus (true);
-    });
-    states["focused"] = snapshot (widget);
-    widget.giveAwayKeyboardFocus();
-    widget.setEnabled (false);
-    states["disabled"] = snapshot (widget);
-    return states;
-}
-
-TEST_CASE ("every state of a widget looks different")
-{
-    auto& look = installedLook();
-    juce::TextButton button ("Button");
-    juce::ToggleButton off ("Toggle"), on ("Toggle");
-    juce::ComboBox box;
-    juce::TextEditor editor;
-    juce::Slider slider;
-    std::unique_ptr<juce::Button> close (look.createDocumentWindowButton (juce::DocumentWindow::closeButton));
-    on.setToggleState (true, juce::dontSendNotification);
-
-    for (auto& states : { statesOf (button), statesOf (off), statesOf (on), statesOf (box), statesOf (editor),
-                          statesOf (slider), statesOf (*close) })
-        for (auto& [name, image] : states)
-            for (auto& [otherName, other] : states)
-                CHECK ((encode (image) == encode (other)) == (name == otherName));
-
-    CHECK (encode (statesOf (on)["normal"]) != encode (statesOf (off)["normal"]));
-}
-
-TEST_CASE ("text stands out from what lies behind it")
-{
-    lookAndFeelKlangora look;
-    const auto colour = [&] (int id) { return look.findColour (id); };
-    const auto dark = colour (juce::ResizableWindow::backgroundColourId);
-
-    using row = juce::DirectoryContentsDisplayComponent;
-
-    const struct
-    {
-        int text, background;
-    } pairs[] = {
-        { juce::Label::textColourId, juce::Label::backgroundColourId },
-        { juce::TextEditor::highlightedTextColourId, juce::TextEditor::highlightColourId },
-        { juce::ComboBox::textColourId, juce::ComboBox::backgroundColourId },
-        { juce::PopupMenu::highlightedTextColourId, juce::PopupMenu::highlightedBackgroundColourId },
-        { juce::AlertWindow::textColourId, juce::AlertWindow::backgroundColourId },
-        { juce::TooltipWindow::textColourId, juce::TooltipWindow::backgroundColourId },
-        { juce::Slider::textBoxTextColourId, juce::Slider::thumbColourId },
-        { row::highlightedTextColourId, row::highlightColourId },
-    };
-
-    for (auto& p : pairs)
-        CHECK (contrast (colour (p.text), dark.overlaidWith (colour (p.background))) >= 4.5f);
-
-    juce::TextButton button ("Button");
-    button.setSize (100, 24);
-
-    for (auto [over, down] : { std::pair (false, false), { true, false }, { true, true } })
-    {
-        juce::Image image (juce::Image::RGB, 100, 24, true);
-        juce::Graphics g (image);
-        g.fillAll (dark);
-        look.drawButtonBackground (g, button, colour (juce::TextButton::buttonColourId), over, down);
-
-        for (int y = 6; y < 18; ++y)
-            CHECK (contrast (colour (juce::TextButton::textColourOnId), image.getPixelAt (50, y)) >= 4.5f);
-    }
-}
-
-TEST_CASE ("bodies and editors take their shade from their state and their place on the page")
-{
-    lookAndFeelKlangora look;
-    juce::Component page;
-    juce::TextButton button;
-    juce::ComboBox box;
-    juce::TextEditor editor;
-    button.setSize (100, 24);
-    box.setSize (100, 24);
-    editor.setSize (100, 24);
-    const auto paint = [] (auto&& draw) {
-        juce::Image image (juce::Image::ARGB, 100, 24, true);
-        juce::Graphics g (image);
-        draw (g);
-        return image.getPixelAt (50, 12);
-    };
-    const auto paintBox = [&] (juce::Graphics& g) {
-        look.drawComboBox (g, 100, 24, false, 80, 0, 20, 24, box);
-    };
-    const auto paintEditor = [&] (juce::Graphics& g) { look.fillTextEditorBackground (g, 100, 24, editor); };
-
-    const auto paintButton = [&] (bool isOver) {
-        return paint ([&] (juce::Graphics& g) {
-            look.drawButtonBackground (g, button, juce::Colour (0xff445566), isOver, false);
-        });
-    };
-
-    CHECK (paintButton (true).getBrightness()
-           == Approx (1.5f * paintButton (false).getBrightness()).margin (0.04));
-    CHECK (paintButton (false).getFloatAlpha() == Approx (0.7f).margin (0.04));
-    button.setEnabled (false);
-    CHECK (paintButton (false).getFloatAlpha() == Approx (0.35f).margin (0.02));
-
-    editor.setColour (juce::TextEditor::backgroundColourId, juce::Colours::transparentWhite);
-    CHECK (paint (paintEditor).isTransparent());
-    editor.setColour (juce::TextEditor::backgroundColourId, juce::Colour (0xff201000));
-    CHECK (paint (paintEditor) == juce::Colour (0xff603000)); // three times as bright
-    const auto alone = paint (paintBox).getBrightness();
-
-    page.addAndMakeVisible (box);
-    page.addAndMakeVisible (editor);
-    CHECK (paint (paintBox).getBrightness() == Approx (alone)); // a page without height
-    page.setSize (400, 250);
-    box.setTopLeftPosition (0, 125);
-    editor.setTopLeftPosition (0, 238); // at the far end of the gradient, where the factor is 0.7 + 1.5
-    CHECK (paint (paintBox).getBrightness() == Approx (alone / 1.5f).margin (0.02));
-    CHECK (paint (paintEditor).getRed() == Approx (0x20 * 2.2f).margin (2));
 }
