@@ -79,35 +79,43 @@ static bool isRedirect (const webReply& reply)
            && reply.headers["Location"].isNotEmpty();
 }
 
-/** Turns a request into the one that follows a redirect. False when none may follow. */
-static bool redirect (webRequest& request, const webReply& reply)
+std::optional<webRequest> redirected (const webRequest& request, int status, const juce::String& location)
 {
-    const auto from = originOf (request.address);
-    request.address = resolveAddress (request.address, reply.headers["Location"]);
-    const auto to = originOf (request.address);
+    auto next = request;
+    next.address = resolveAddress (request.address, location);
 
-    if (reply.status <= 303)
-        request.postData.clear();
+    if (status <= 303)
+        next.postData.clear();
+
+    const auto from = originOf (request.address);
+    const auto to = originOf (next.address);
 
     if (to == from)
-        return true;
+        return next;
 
-    request.token.clear();
-    return request.postData.isEmpty() && ! (from.startsWith ("https:") && to.startsWith ("http:"));
+    if (next.postData.isNotEmpty() || to.isEmpty() || (from.startsWith ("https:") && to.startsWith ("http:")))
+        return {};
+
+    next.token.clear();
+    return next;
 }
 
 webReply openWebStream (const webRequest& request)
 {
-    auto hop = request;
+    auto hop = std::make_optional (request);
 
-    for (int redirects = 0;; ++redirects)
+    for (int redirects = 0; hop.has_value(); ++redirects)
     {
-        auto reply = sendOnce (hop);
+        auto reply = sendOnce (*hop);
 
         if (! isRedirect (reply))
             return reply;
 
-        if (redirects == maximumRedirects || ! redirect (hop, reply))
-            return {};
+        if (redirects == maximumRedirects)
+            break;
+
+        hop = redirected (*hop, reply.status, reply.headers["Location"]);
     }
+
+    return {};
 }

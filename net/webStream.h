@@ -3,6 +3,7 @@
 #include <functional>
 #include <juce_core/juce_core.h>
 #include <memory>
+#include <optional>
 
 /** One request to the store or to an item's server. Built, used once. */
 struct webRequest
@@ -39,3 +40,7 @@ struct webReply
     five redirects: relative addresses are resolved, a sixth redirect, a redirect from https to http and one that
     would carry a POST body to another origin are no stream. Message thread; blocks. */
 webReply openWebStream (const webRequest& request);
+
+/** The request that follows a redirect with this status (301, 302, 303, 307 or 308) to this location, which may be
+    relative; nothing when none may follow. */
+std::optional<webRequest> redirected (const webRequest& request, int status, const juce::String& location);

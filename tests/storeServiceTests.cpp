@@ -1,10 +1,8 @@
 #include "app/installationPaths.h"
 #include "net/storeService.h"
 #include "tests/support/alertRobot.h"
-#include "tests/support/curlWatch.h"
 #include "tests/support/scriptedServer.h"
 #include "tests/support/temporaryInstallation.h"
-#include "tests/support/tlsServer.h"
 #include <catch2/catch.hpp>
 
 static const juce::String noData (
@@ -226,19 +224,3 @@ TEST_CASE ("without an installation folder nothing is written, and the message i
         CHECK (installation.files().isEmpty());
     }
 }
-
-#if JUCE_LINUX
-TEST_CASE ("a store whose certificate nobody vouches for sends no data")
-{
-    const tlsServer server;
-    const pretendStore store (server.origin());
-    alertRobot robot;
-    CHECK_FALSE (requestLogin ("me", "secret").has_value());
-    CHECK (robot.texts() == juce::StringArray{ noData });
-
-    curlWatch curl;
-    curl.authority = server.certificate();
-    CHECK (requestLogin ("me", "secret").has_value());
-    CHECK (robot.seen().size() == 1);
-}
-#endif

@@ -26,12 +26,12 @@ printf 'HTTP/1.0 200 OK\r\nContent-Length: 7\r\n\r\ntrusted' >"$work/reply"
 
 (cd "$work" && exec openssl s_server -HTTP -accept localhost:0 -cert certificate -key key &>server) &
 server=$!
-until port=$(grep -soP 'ACCEPT \S+:\K\d+' "$work/server"); do
+until TEST_TLS_PORT=$(grep -soP 'ACCEPT \S+:\K\d+' "$work/server"); do
   kill -0 "$server"
   sleep 0.02
 done
 
-export TEST_TLS_SERVER=https://localhost:$port/reply
+export TEST_TLS_PORT
 "$@" "[.untrusted]"
 # shellcheck disable=SC2016    # these are the inner shell's
 "${apart[@]}" bash -c 'mount --bind "$0" "$1" && shift && "$@"' "$work/bundle" "$bundle" "$@" "[.trusted]"

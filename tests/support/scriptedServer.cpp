@@ -1,5 +1,6 @@
 #include "tests/support/scriptedServer.h"
 #include "net/storeAddress.h"
+#include <algorithm>
 #include <catch2/catch.hpp>
 #include <chrono>
 #include <cstdlib>
@@ -24,20 +25,11 @@ static constexpr int noSignal = MSG_NOSIGNAL, bothWays = SHUT_RDWR;
 static constexpr auto closesocket = ::close;
 #endif
 
-static std::list<juce::String> origins;
+static std::vector<const scriptedServer*> servers; // the living ones
 
 juce::String storeAddress()
 {
-    return origins.empty() ? "http://127.0.0.1:1" : origins.front(); // where nobody listens
-}
-
-pretendStore::pretendStore (const juce::String& origin)
-    : position (origins.insert (origins.end(), origin))
-{}
-
-pretendStore::~pretendStore()
-{
-    origins.erase (position);
+    return servers.empty() ? "http://127.0.0.1:1" : servers.front()->origin(); // where nobody listens
 }
 
 //==============================================================================
@@ -114,19 +106,20 @@ scriptedServer::scriptedServer()
     setenv ("no_proxy", "127.0.0.1", 1); // libcurl takes the proxy from the environment
 #endif
 
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl (INADDR_LOOPBACK);
-    socketLength length = sizeof (address);
-    auto* anyAddress = reinterpret_cast<sockaddr*> (&address);
+    sockaddr_in local{};
+    local.sin_family = AF_INET;
+    local.sin_addr.s_addr = htonl (INADDR_LOOPBACK);
+    socketLength length = sizeof (local);
+    auto* localAddress = reinterpret_cast<sockaddr*> (&local);
 
     const auto socket = ::socket (AF_INET, SOCK_STREAM, 0);
-    REQUIRE (bind (socket, anyAddress, length) == 0);
+    REQUIRE (bind (socket, localAddress, length) == 0);
     REQUIRE (listen (socket, 16) == 0);
-    REQUIRE (getsockname (socket, anyAddress, &length) == 0);
+    REQUIRE (getsockname (socket, localAddress, &length) == 0);
 
     listener = (socketHandle) socket;
-    store.emplace ("http://127.0.0.1:" + juce::String (ntohs (address.sin_port)));
+    address = "http://127.0.0.1:" + juce::String (ntohs (local.sin_port));
+    servers.push_back (this);
     thread = std::thread ([this] { run(); });
 }
 
@@ -143,17 +136,13 @@ scriptedServer::~scriptedServer()
     changed.notify_all();
     thread.join();
     closesocket ((nativeSocket) listener);
+    servers.erase (std::find (servers.begin(), servers.end(), this));
 
     if (! replies.empty())
         FAIL_CHECK (replies.size() << " replies were not asked for");
 
     if (withoutReply > 0)
         FAIL_CHECK (withoutReply << " requests had no reply, the last one " << received.back().line());
-}
-
-juce::String scriptedServer::origin() const
-{
-    return store->origin();
 }
 
 scriptedServer& scriptedServer::reply (const std::string& bytes)
@@ -193,16 +182,6 @@ scriptedServer& scriptedServer::reset()
     const std::lock_guard<std::mutex> guard (lock);
     replies.back().resets = true;
     return *this;
-}
-
-void scriptedServer::release()
-{
-    {
-        const std::lock_guard<std::mutex> guard (lock);
-        released = true;
-    }
-
-    changed.notify_all();
 }
 
 std::vector<recordedRequest> scriptedServer::requests() const
@@ -287,7 +266,7 @@ void scriptedServer::play (const step& now)
     std::unique_lock<std::mutex> guard (lock);
     changed.wait_for (guard, std::chrono::milliseconds (now.pauseMs), [this] { return stopping; });
 
-    for (auto hungUp = false; now.stalls && ! hungUp && ! stopping && ! std::exchange (released, false);)
+    for (auto hungUp = false; now.stalls && ! hungUp && ! stopping;)
     {
         guard.unlock();
         std::string ignored;

@@ -4,27 +4,10 @@
 #include <cstdint>
 #include <deque>
 #include <juce_core/juce_core.h>
-#include <list>
 #include <mutex>
-#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
-
-/** While it lives, and no older one does, storeAddress() answers this origin. */
-class pretendStore
-{
-public:
-    explicit pretendStore (const juce::String& origin);
-    ~pretendStore();
-
-    const juce::String& origin() const { return *position; }
-
-private:
-    std::list<juce::String>::iterator position;
-
-    JUCE_DECLARE_NON_COPYABLE (pretendStore)
-};
 
 /** A request as it came over the line, byte by byte. */
 struct recordedRequest
@@ -59,7 +42,7 @@ public:
     ~scriptedServer();
 
     /** "http://127.0.0.1:" and the port. */
-    juce::String origin() const;
+    const juce::String& origin() const { return address; }
 
     /** Appends a reply to the script: these bytes, then the end of the connection. What follows, up to the next
         reply(), adds to it. */
@@ -68,14 +51,11 @@ public:
     scriptedServer& send (const std::string& bytes);
     scriptedServer& pause (int milliseconds);
 
-    /** Silence until release(), or until the client hangs up. */
+    /** Silence until the client hangs up. */
     scriptedServer& stall();
 
     /** The connection ends torn down (RST) instead of closed (FIN). */
     scriptedServer& reset();
-
-    /** Ends the present stall, or else the next one. */
-    void release();
 
     /** The requests so far. */
     std::vector<recordedRequest> requests() const;
@@ -102,14 +82,14 @@ private:
     scriptedServer& add (step);
 
     socketHandle listener = -1, client = -1;
-    std::optional<pretendStore> store;
+    juce::String address;
 
     mutable std::mutex lock; // guards what follows, and the setting of client
     std::condition_variable changed;
     std::deque<script> replies;
     std::vector<recordedRequest> received;
     int withoutReply = 0;
-    bool released = false, stopping = false;
+    bool stopping = false;
 
     std::thread thread;
 
