@@ -28,6 +28,7 @@ jInvisibleComponent::jInvisibleComponent (jpseudomodaldialog& dialogToServe, juc
 
 jInvisibleComponent::~jInvisibleComponent()
 {
+    const auto hadFocus = hasKeyboardFocus (true);
     juce::Desktop::getInstance().removeFocusChangeListener (this);
     dialogRectTable::remove (*this);
 
@@ -40,7 +41,7 @@ jInvisibleComponent::~jInvisibleComponent()
         dialog.reset();
     }
 
-    if (hasKeyboardFocus (true) && focusedBefore != nullptr && focusedBefore->isShowing())
+    if (hadFocus && focusedBefore != nullptr && focusedBefore->isShowing())
         focusedBefore->grabKeyboardFocus();
 }
 
@@ -174,13 +175,12 @@ bool jInvisibleComponent::keyPressed (const juce::KeyPress& key)
     if (! key.isKeyCode (juce::KeyPress::tabKey))
         return dialog->keyPressed (key);
 
-    if (! hasKeyboardFocus (false))
-        return false;
+    const auto isForwards = ! key.getModifiers().isShiftDown();
 
-    const auto stops = juce::KeyboardFocusTraverser().getAllComponents (this);
-
-    if (! stops.empty())
-        (key.getModifiers().isShiftDown() ? stops.back() : stops.front())->grabKeyboardFocus();
+    if (auto* focused = getCurrentlyFocusedComponent(); isParentOf (focused))
+        focused->moveKeyboardFocusToSibling (isForwards);
+    else if (const auto stops = juce::KeyboardFocusTraverser().getAllComponents (this); ! stops.empty())
+        (isForwards ? stops.front() : stops.back())->grabKeyboardFocus();
 
     return true;
 }

@@ -33,8 +33,8 @@ public:
     void parentSizeChanged() override;
     void lookAndFeelChanged() override;
 
-    /** The overlay holds the focus when no control does. Tab moves it to the first one, shift and Tab to the last;
-        the dialog gets all other keys. */
+    /** Tab moves the focus around in the overlay, which holds it itself when no control does; the dialog gets all
+        other keys. */
     bool keyPressed (const juce::KeyPress&) override;
 
     /** Passes the focus on to the control that had it before: the window manager gives it to the window alone. */

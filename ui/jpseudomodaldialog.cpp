@@ -135,11 +135,10 @@ void jpseudomodaldialog::setDialogSize (int width, int height)
 
 void jpseudomodaldialog::requestClose()
 {
-    auto& boxes = *juce::ModalComponentManager::getInstance();
     juce::PopupMenu::dismissAllActiveMenus(); // an open context menu is no message box
 
-    if (boxes.getNumModalComponents() > 0)
-        boxes.bringModalComponentsToFront();
+    if (auto* box = juce::ModalComponentManager::getInstance()->getModalComponent (0))
+        box->toFront (true);
     else
         done();
 }
