@@ -186,7 +186,7 @@ TEST_CASE ("the status line counts the item that is received and its percentage 
     for (char letter = 'a'; letter < 'u'; ++letter)
     {
         content.append (1500000, letter);
-        test.server.send (std::string (1500000, letter)).pause (30);
+        test.server.send (std::string (1500000, letter)).pause (50);
     }
 
     test.server.reply (okReply ("hello", "a/b"));
@@ -199,7 +199,8 @@ TEST_CASE ("the status line counts the item that is received and its percentage 
         return test.button().isEnabled();
     });
 
-    CHECK (percents.front() < percents.back()); // it moved while the item was received
+    REQUIRE_FALSE (percents.empty());
+    CHECK (percents.front() < 100); // and 100 at the end, as the lines below say
     CHECK (std::is_sorted (percents.begin(), percents.end()));
     CHECK (test.statusLines
            == juce::StringArray{ "", "File 1/2 - Amp ", "File 1/2 - Amp 100%", "File 2/2 - Cab ",
