@@ -1,18 +1,23 @@
 #include "content/store_downloads.h"
+#include "assets.h"
 #include "content/itemDecision.h"
 #include "net/storeAddress.h"
 #include "store/showAttention.h"
 #include "ui/busyCursor.h"
+#include "ui/pagePanel.h"
 
 namespace
 {
 constexpr int downloadTimer = 200, downloadTimerMs = 50;
 
-const juce::Rectangle<int> groupBounds (50, 100, 600, 300);
-const juce::Rectangle<int> buttonBounds (275, 145, 150, 28);
-const juce::Rectangle<int> descriptionBounds (70, 195, 560, 80);
-const juce::Rectangle<int> statusBounds (85, 310, 530, 24);
-const juce::Rectangle<int> progressBounds (90, 338, 520, 4);
+constexpr float labelHeight = 15.0f;
+
+// Their union lies in the middle of the page, which is how large the store dialog makes it.
+const juce::Rectangle<int> groupBounds (50, 105, 600, 290);
+const juce::Rectangle<int> buttonBounds (275, 148, 150, 28);
+const juce::Rectangle<int> descriptionBounds (70, 196, 560, 80);
+const juce::Rectangle<int> statusBounds (85, 306, 530, 24);
+const juce::Rectangle<int> progressBounds (90, 334, 520, 4);
 
 /** What the user is told at the end of a run, box by box. */
 juce::StringArray summaryOf (const juce::StringArray& downloadedNames, const juce::StringArray& failedTargets,
@@ -44,26 +49,22 @@ juce::StringArray summaryOf (const juce::StringArray& downloadedNames, const juc
 }
 
 store_downloads::store_downloads (genericlistener& storeDialog)
-    : dialog (storeDialog)
+    : dialog (storeDialog),
+      group ("new group", "Downloads"),
+      downloadButton ("new button"),
+      description ("New and updated contents that you own are downloaded from the Rigmart:\n"
+                   "amp & effect modules, sound contents and IR libraries.\n\n"
+                   "You may download them any number of times, to any number of computers.",
+                   juce::Font (labelHeight)),
+      status ({}, juce::Font (labelHeight)),
+      banner (juce::ImageCache::getFromMemory (assets::bannerwelcome_png, assets::bannerwelcome_pngSize))
 {
     downloadButton.setButtonText ("Download!");
     downloadButton.setTooltip (
         "Click here to download everything that is yours! It will automatically be installed.");
     downloadButton.addListener (this);
-
-    description.setText ("New and updated contents that you own are downloaded from the Rigmart:\n"
-                         "amp & effect modules, sound contents and IR libraries.\n\n"
-                         "You may download them any number of times, to any number of computers.",
-                         juce::dontSendNotification);
     description.setJustificationType (juce::Justification::centred);
     status.setMinimumHorizontalScale (1.0f); // a long name ends in an ellipsis, unsqueezed
-
-    for (auto* label : { &description, &status })
-    {
-        label->setFont (juce::Font (15.0f));
-        label->setColour (juce::TextEditor::textColourId, juce::Colours::black);
-        label->setColour (juce::TextEditor::backgroundColourId, juce::Colour (0x00000000));
-    }
 
     addAndMakeVisible (group);
     addAndMakeVisible (downloadButton);
@@ -74,16 +75,11 @@ store_downloads::store_downloads (genericlistener& storeDialog)
 
 store_downloads::~store_downloads() = default;
 
-void store_downloads::resized()
-{
-    group.setBounds (groupBounds);
-    downloadButton.setBounds (buttonBounds);
-    description.setBounds (descriptionBounds);
-    status.setBounds (statusBounds);
-}
-
 void store_downloads::paint (juce::Graphics& g)
 {
+    g.drawImageAt (banner, 0, 0);
+    drawPagePanel (g, group);
+
     if (run.total == 0)
         return;
 
@@ -91,6 +87,14 @@ void store_downloads::paint (juce::Graphics& g)
     g.fillRect (progressBounds);
     g.setColour (findColour (juce::ProgressBar::foregroundColourId));
     g.fillRect (progressBounds.withWidth (progressBounds.getWidth() * percent / 100));
+}
+
+void store_downloads::resized()
+{
+    group.setBounds (groupBounds);
+    downloadButton.setBounds (buttonBounds);
+    description.setBounds (descriptionBounds);
+    status.setBounds (statusBounds);
 }
 
 void store_downloads::buttonClicked (juce::Button* button)

@@ -3,7 +3,7 @@
 #include "content/DownloadItem.h"
 #include "content/itemDownload.h"
 #include "store/genericlistener.h"
-#include <juce_gui_basics/juce_gui_basics.h>
+#include "ui/pageLabel.h"
 
 /** The downloads page: one button that fetches the catalogue and then downloads, item by item, whatever of it is
     newer than what is installed. The store dialog holds the catalogue and the login; see its messages and
@@ -51,10 +51,10 @@ private:
     std::unique_ptr<itemDownload> download;
     int percent = 0; // of `item`
 
-    juce::GroupComponent group{ "new group", "Downloads" };
-    juce::TextButton downloadButton{ "new button" };
-    juce::Label description{ "new label" };
-    juce::Label status{ "new label" };
+    juce::GroupComponent group;
+    juce::TextButton downloadButton;
+    pageLabel description, status;
+    juce::Image banner;
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (store_downloads)
 };
