@@ -3,13 +3,18 @@
 
 static int depth = 0;
 
+/** All of them, wholly: where a message box has just closed, the system's word that the window below needs painting
+    still waits among the events. */
 static void paintWindows()
 {
     auto& desktop = juce::Desktop::getInstance();
 
     for (int i = desktop.getNumComponents(); --i >= 0;)
         if (auto* peer = desktop.getComponent (i)->getPeer())
+        {
+            desktop.getComponent (i)->repaint();
             peer->performAnyPendingRepaintsNow();
+        }
 }
 
 /** What was drawn may still lie in the queue to the display server. Its answer comes after all that. */
