@@ -11,12 +11,18 @@ alertRobot::~alertRobot()
     stopTimer();
 
     if (! answers.empty())
-        FAIL_CHECK ("no box asked for the answer " << answers.front());
+        FAIL_CHECK ("no box asked for the last " << answers.size() << " answers");
 }
 
 alertRobot& alertRobot::answer (const juce::String& button)
 {
-    answers.push_back (button);
+    answers.emplace_back (button);
+    return *this;
+}
+
+alertRobot& alertRobot::answer (const juce::KeyPress& key)
+{
+    answers.emplace_back (key);
     return *this;
 }
 
@@ -66,8 +72,16 @@ void alertRobot::timerCallback()
 
     if (! answers.empty())
     {
-        press = answers.front();
+        const auto next = answers.front();
         answers.pop_front();
+
+        if (const auto* key = std::get_if<juce::KeyPress> (&next))
+        {
+            open->getPeer()->handleKeyPress (*key);
+            return;
+        }
+
+        press = std::get<juce::String> (next);
     }
     else if (shown.buttons.size() > 1)
     {
