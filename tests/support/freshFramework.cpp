@@ -78,3 +78,10 @@ extern "C" const char* __lsan_default_suppressions()
 {
     return "leak:libX11\n";
 }
+
+/** What no memory can be had for is null, as without the sanitizer. */
+// NOLINTNEXTLINE(bugprone-reserved-identifier,readability-identifier-naming): the sanitizer asks for it
+extern "C" const char* __asan_default_options()
+{
+    return "allocator_may_return_null=1";
+}
