@@ -7,6 +7,7 @@
 
 #include "app/installationPaths.h"
 #include "app/productName.h"
+#include "ui/jpseudomodaldialog.h"
 #include "ui/lookAndFeelKlangora.h"
 #include <iostream>
 
@@ -26,7 +27,7 @@ class sheet : public juce::Component
 public:
     sheet()
     {
-        setSize (1200, 830);
+        setSize (1200, 1060);
         addButtons();
         addToggles();
         addEditors();
@@ -36,6 +37,7 @@ public:
         addFileRows();
         addMenu();
         addTooltips();
+        addDialogs();
     }
 
     /** The samples that show the keyboard focus. */
@@ -279,6 +281,50 @@ private:
         }
     }
 
+    void addDialogs()
+    {
+        caption ("Dialogs in a holder: one button; hovered; focused", 20, 830);
+
+        for (int i = 0; i < 3; ++i)
+        {
+            auto& holder = add (new painted(), { 20 + 390 * i, 858, 380, 186 });
+            holder.onPaint = [] (juce::Graphics& g, look&, int width, int height) {
+                g.fillCheckerBoard ({ (float) width, (float) height }, 40.0f, 40.0f, juce::Colours::grey,
+                                    juce::Colours::darkgrey);
+            };
+
+            const char* titles[] = { "Notice", "Replace the installed item?",
+                                     "A title that is too long for the strip above so narrow a dialog" };
+            auto* dialog =
+                new jpseudomodaldialog (&holder, nullptr, titles[i], i > 0 ? "Replace" : "", {},
+                                        i > 0 ? "Keep" : "", {}, i > 1 ? "A long label here" : "", {}, false);
+            dialog->setDialogSize (300, 80);
+
+            auto* bar = dialog->getParentComponent()->getChildComponent (1);
+            const juce::Point<float> overFirst (20.0f, 12.0f);
+
+            if (i == 1)
+                bar->mouseMove ({ juce::Desktop::getInstance().getMainMouseSource(),
+                                  overFirst,
+                                  {},
+                                  0.0f,
+                                  0.0f,
+                                  0.0f,
+                                  0.0f,
+                                  0.0f,
+                                  bar,
+                                  bar,
+                                  {},
+                                  overFirst,
+                                  {},
+                                  0,
+                                  false });
+
+            if (i == 2)
+                focused.push_back (bar->getChildComponent (1));
+        }
+    }
+
     juce::Image background;
     juce::ScrollBar scrollBar{ true };
     juce::TimeSliceThread thread{ "unused" };
@@ -360,7 +406,7 @@ static juce::Image paintAll (sheet& widgets, const juce::OwnedArray<juce::AlertW
         if (! focus (*component))
             std::cerr << "no keyboard focus for " << component->getName() << std::endl;
 
-        const auto area = component->getBounds();
+        const auto area = widgets.getLocalArea (component, component->getLocalBounds());
         draw (widgets, area, area.getX(), area.getY());
     }
 

@@ -47,7 +47,7 @@ jInvisibleComponent::~jInvisibleComponent()
 
 void jInvisibleComponent::releaseDialog()
 {
-    dialog.release();
+    (void) dialog.release();
 }
 
 void jInvisibleComponent::componentBeingDeleted (juce::Component&)

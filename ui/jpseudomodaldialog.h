@@ -91,7 +91,7 @@ private:
     bool ownWindow = false;
     juce::String pendingResult;
     bool isFinishing = false;
-    openDialogList::handle::Ptr listed;
+    openDialogList::handle::ptr listed;
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (jpseudomodaldialog)
 };

@@ -3,9 +3,9 @@
 juce::CriticalSection openDialogList::lock;
 juce::ReferenceCountedArray<openDialogList::handle> openDialogList::handles;
 
-openDialogList::handle::Ptr openDialogList::add (juce::Component& overlay)
+openDialogList::handle::ptr openDialogList::add (juce::Component& overlay)
 {
-    handle::Ptr added (new handle());
+    handle::ptr added (new handle());
     added->overlay = &overlay;
 
     const juce::ScopedLock scope (lock);

@@ -9,13 +9,13 @@ public:
     /** An open dialog. May outlive it; `overlay` is null from then on. */
     struct handle : juce::ReferenceCountedObject
     {
-        using Ptr = juce::ReferenceCountedObjectPtr<handle>;
+        using ptr = juce::ReferenceCountedObjectPtr<handle>;
 
         juce::Component::SafePointer<juce::Component> overlay;
     };
 
     /** Enters a dialog. Message thread only. */
-    static handle::Ptr add (juce::Component& overlay);
+    static handle::ptr add (juce::Component& overlay);
 
     /** Takes a dialog off the list; nothing when it is not on it. Message thread only. */
     static void remove (handle&);
