@@ -33,6 +33,12 @@ struct accountPage
     recordingListener dialog;
     std::unique_ptr<store_auth> page = std::make_unique<store_auth> (dialog);
 
+    accountPage() // only a page on the screen can hand the focus on
+    {
+        page->addToDesktop (0);
+        page->setVisible (true);
+    }
+
     template <typename Type>
     Type& get (child index)
     {
