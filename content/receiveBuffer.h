@@ -4,11 +4,13 @@
 #include <vector>
 
 /** Bytes that arrive piece by piece, held until all are there. It grows by one chunk at a time and never copies
-    what it has, so that it takes no more memory than what arrived, to within a chunk. */
+    what it has. A chunk is so large that the C libraries take it from the system by itself, as pages that cost
+    memory only once they are written to, and give it back whole: the connection's own buffers cannot leave holes
+    between the chunks. So it takes no more memory than what arrived. */
 class receiveBuffer
 {
 public:
-    explicit receiveBuffer (size_t bytesPerChunk = size_t{ 4 } * 1024 * 1024)
+    explicit receiveBuffer (size_t bytesPerChunk = size_t{ 36 } * 1024 * 1024)
         : chunkSize (bytesPerChunk)
     {}
 
