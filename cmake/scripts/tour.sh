@@ -29,11 +29,13 @@ log_on=(350 451)
 login_address=(192 198)
 remember_me=(80 416)
 authenticate=(187 288)
+authenticate_button=150x24+112+276
 new_address=(504 198)
 new_address_again=(507 250)
 new_password=(504 326)
 new_password_again=(506 376)
 create_account=(507 416)
+create_account_button=150x24+432+404
 download=(350 176)
 status_line=520x24+90+334
 quit=(350 536)
@@ -67,6 +69,16 @@ window_is_open ()
 {
   kill -0 "$client_pid" 2>/dev/null || give_up "The program ended before its window opened."
   main=$(window_titled "Dorvik Rigmart and Licenses")
+}
+
+# enables BUTTON ACTION...: does what makes the button in this area one that can be pressed, and no sooner
+enables ()
+{
+  local button=$1 before
+  shift
+  before=$(look_at "$main" "$button")
+  "$@"
+  wait_until "the button can be pressed" looks_different "$before" "$main" "$button"
 }
 
 # turn_page ACTION...: does what leads to another page, and waits until that one is all there
@@ -147,13 +159,8 @@ window_is_ready ()
 
 # ---- the play
 
-create_an_account ()
+fill_in_the_new_account ()
 {
-  start
-  picture welcome
-  turn_page click_in "$main" "${log_on[@]}"
-  picture account
-
   click_in "$main" "${new_address[@]}"
   type_text "$mail"
   click_in "$main" "${new_address_again[@]}"
@@ -162,6 +169,16 @@ create_an_account ()
   type_text "$password"
   click_in "$main" "${new_password_again[@]}"
   type_text "$password"
+}
+
+create_an_account ()
+{
+  start
+  picture welcome
+  turn_page click_in "$main" "${log_on[@]}"
+  picture account
+
+  enables "$create_account_button" fill_in_the_new_account
   picture account-filled-in
 
   click_in "$main" "${create_account[@]}"
@@ -175,16 +192,22 @@ create_an_account ()
   end
 }
 
-log_on_with_remember_me ()
+fill_in_the_login ()
 {
-  start
-  turn_page click_in "$main" "${log_on[@]}"
   click_in "$main" "${login_address[@]}"
   type_text "$mail"
   press Tab
   type_text "$password"
+}
+
+log_on_with_remember_me ()
+{
+  start
+  turn_page click_in "$main" "${log_on[@]}"
+  enables "$authenticate_button" fill_in_the_login
   click_in "$main" "${remember_me[@]}"
   ok_boxes remember-me-warns
+  wait_until "the window is ready" window_is_ready
   picture login-filled-in
   turn_page click_in "$main" "${authenticate[@]}"
   picture downloads
