@@ -25,6 +25,7 @@ big_item="Concert Grand Cabinets"
 # Where things are in the program's window. No page shows anything that blinks or lights up in its sign.
 sign=700x40+0+95
 page=700x500+0+24
+lower_half=700x272+0+276    # no caret blinks there in a login that is filled in
 log_on=(350 451)
 login_address=(192 198)
 remember_me=(80 416)
@@ -154,7 +155,7 @@ ok_boxes ()
 
 window_is_ready ()
 {
-  has_focus "$main" && is_still "$main" "$page"
+  has_focus "$main" && is_still "$main" "$lower_half"
 }
 
 # ---- the play
