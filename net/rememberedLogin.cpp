@@ -5,7 +5,7 @@
 #include "net/validText.h"
 
 static constexpr juce::uint32 leftCounter = 5172093, rightCounter = 41927506;
-static constexpr juce::int64 maximumSize = 64 * 1024; // of the file, bytes
+static constexpr juce::int64 maximumSize = 65536; // of the file, bytes
 
 static juce::File fileIn (const juce::String& installationFolder)
 {

@@ -82,7 +82,7 @@ juce::String installSandbox (const juce::File& folder, const juce::File& skin)
     };
 
     for (const auto& [path, bytes] : files)
-        if (const auto problem = writeFile (folder.getChildFile (path), bytes); problem.isNotEmpty())
+        if (auto problem = writeFile (folder.getChildFile (path), bytes); problem.isNotEmpty())
             return problem;
 
     return {};
@@ -92,7 +92,7 @@ juce::String exportSandboxItems (const juce::File& folder)
 {
     for (const auto& item : makeSandboxItems())
         if (! item.bytes.isEmpty())
-            if (const auto problem = writeFile (folder.getChildFile (juce::String (item.target)), item.bytes);
+            if (auto problem = writeFile (folder.getChildFile (juce::String (item.target)), item.bytes);
                 problem.isNotEmpty())
                 return problem;
 

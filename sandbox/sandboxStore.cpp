@@ -5,7 +5,7 @@
 
 /** A body is sent in pieces of this size, so that a slow line is slow evenly and a server that stops does so at
     once. */
-static constexpr size_t pieceSize = 16 * 1024;
+static constexpr size_t pieceSize = 16384;
 
 /** "name='value'" for an XML attribute, or nothing for an empty value. */
 static std::string attribute (const char* name, const std::string& value)
