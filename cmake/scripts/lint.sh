@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Static analysis of our own code and scripts: formatting, bugs and names. Wants build/linux configured.
+# Static analysis of our own code and scripts: formatting, bugs and names. Wants build/linux built.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 
