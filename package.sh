@@ -29,7 +29,7 @@ for preset in "${presets[@]}"; do
   cmake --preset "$preset" -DSTORE_URL=https://store.dorvik.example
   cmake --build --preset "$preset" --target DorvikRigmart
   (cd "build/$preset" && cpack --config CPackConfig.cmake -B "$PWD/packages")
-  cp "build/$preset/packages/"dorvik-rigmart*.{deb,zip} build/packages/ 2>/dev/null || true
+  find "build/$preset/packages" -maxdepth 1 -name 'dorvik-rigmart*' -type f -exec cp {} build/packages/ \;
 done
 
 ls -l build/packages

@@ -24,10 +24,11 @@ else()
   set (CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
   set (CPACK_DEBIAN_PACKAGE_SECTION sound)
   set (CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-  # The framework opens the X libraries as it starts, so that the linker knows nothing of them; and it
-  # draws no text without a font.
+  # The framework opens the X libraries as it starts, so that the linker knows nothing of them; it draws no text
+  # without a font and fontconfig's list of font folders; and the store is not trusted without authorities.
   set (CPACK_DEBIAN_PACKAGE_DEPENDS
-       "libx11-6, libxext6, libxcursor1, libxinerama1, libxrandr2, fonts-dejavu-core | fonts-freefont-ttf")
+       "libx11-6, libxext6, libxcursor1, libxinerama1, libxrandr2, fontconfig-config, \
+fonts-dejavu-core | fonts-freefont-ttf, ca-certificates")
   set (CPACK_INSTALL_PREFIX /usr)
   set (CPACK_PACKAGING_INSTALL_PREFIX /usr)
 
