@@ -124,6 +124,18 @@ juce::TextLayout layOutTooltip (const juce::String& text, juce::Colour colour)
 }
 }
 
+/** The window that a message box belongs over, or null. The framework would take the active one, and right after a
+    box has closed there may be none. */
+static juce::Component* windowBelowBoxes()
+{
+    for (int i = 0; i < juce::TopLevelWindow::getNumTopLevelWindows(); ++i)
+        if (auto* window = juce::TopLevelWindow::getTopLevelWindow (i);
+            window->isVisible() && dynamic_cast<juce::AlertWindow*> (window) == nullptr)
+            return window;
+
+    return nullptr;
+}
+
 juce::AlertWindow*
 lookAndFeelKlangora::createAlertWindow (const juce::String& title, const juce::String& message,
                                         const juce::String& button1, const juce::String& button2,
@@ -155,7 +167,8 @@ lookAndFeelKlangora::createAlertWindow (const juce::String& title, const juce::S
     const auto width = juce::jlimit (narrowestBox, juce::jmax (narrowestBox, mostWidth),
                                      juce::jmax (left + textWidth, boxMargin + buttonsWidth) + boxMargin);
     const auto height = around + juce::jmax (titleHeight + layout.height(), iconSize);
-    alert->centreAroundComponent (associatedComponent, width, height);
+    alert->centreAroundComponent (associatedComponent != nullptr ? associatedComponent : windowBelowBoxes(),
+                                  width, height);
 
     auto x = width - boxMargin - buttonsWidth;
 
