@@ -3,11 +3,10 @@
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 
-mapfile -t code < <(git ls-files '*.cpp' '*.h')
+mapfile -t code < <(find app store ui net content sandbox tests bench fuzz -name '*.cpp' -o -name '*.h')
 clang-format --dry-run -Werror "${code[@]}"
 
-mapfile -t scripts < <(git ls-files '*.sh' .ci/run)
-shellcheck --external-sources "${scripts[@]}"
+shellcheck --external-sources ./*.sh .ci/run cmake/scripts/*.sh tests/*.sh
 
 cppcheck --std=c++17 --language=c++ --enable=warning,performance,portability --inline-suppr --quiet \
   --suppress=missingInclude --error-exitcode=1 -j "$(nproc)" -I . app store ui net content sandbox bench fuzz
