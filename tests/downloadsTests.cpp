@@ -170,20 +170,18 @@ TEST_CASE ("each reply is stored, discarded or shown as a refusal")
 
 TEST_CASE ("the status line counts the item that is received and its percentage climbs")
 {
+    std::atomic<bool> hasBegun{ false };
     downloadsPage test;
     test.add ("Amp", "amp.bin");
     test.add ("Cab", "cab.bin");
-    test.server.reply (binary ("Content-Length: 30000000\r\n", {}));
-
-    for (int i = 0; i < 20; ++i)
-        test.server.send (std::string (1500000, 'x')).pause (30);
-
+    test.server.reply (binary ("Content-Length: 40000000\r\n", {}));
+    test.server.send (std::string (40000000, 'x'), [&] { return ! hasBegun; });
     test.server.reply (okReply ("hello", "a/b"));
     test.press();
     std::vector<int> percents;
 
     waitFor ("the end of the run", [&] {
-        if (test.status().endsWithChar ('%'))
+        if (hasBegun = test.status().endsWithChar ('%'); hasBegun)
             percents.push_back (test.status().fromLastOccurrenceOf (" ", false, false).getIntValue());
         return test.button().isEnabled();
     });

@@ -2,24 +2,17 @@
 #include "net/storeAddress.h"
 #include <algorithm>
 #include <catch2/catch.hpp>
-#include <chrono>
-#include <cstdlib>
-#include <utility>
 
 #if JUCE_WINDOWS
     #include <winsock2.h>
 using nativeSocket = SOCKET;
-using socketLength = int;
 using socketSize = int;
 static constexpr int noSignal = 0, bothWays = SD_BOTH;
 #else
-    #include <arpa/inet.h>
-    #include <netinet/in.h>
     #include <sys/select.h>
     #include <sys/socket.h>
     #include <unistd.h>
 using nativeSocket = int;
-using socketLength = socklen_t;
 using socketSize = size_t;
 static constexpr int noSignal = MSG_NOSIGNAL, bothWays = SHUT_RDWR;
 static constexpr auto closesocket = ::close;
@@ -68,27 +61,23 @@ std::string okReply (const std::string& body, const std::string& contentType)
 }
 
 //==============================================================================
-/** Waits a little for a connection or for bytes. */
-static bool isReadable (std::intptr_t socket)
+/** Waits a little, or until bytes or the client's end have come. */
+static bool isReadable (int socket)
 {
     fd_set set;
     FD_ZERO (&set);
     FD_SET ((nativeSocket) socket, &set);
     timeval wait{ 0, 10000 };
-    return select ((int) socket + 1, &set, nullptr, nullptr, &wait) > 0;
+    return select (socket + 1, &set, nullptr, nullptr, &wait) > 0;
 }
 
 /** Appends what has come; false when the client has hung up. */
-static bool receive (std::intptr_t socket, std::string& bytes)
+static bool receive (int socket, std::string& bytes)
 {
     char piece[65536];
     const auto count = recv ((nativeSocket) socket, piece, sizeof (piece), 0);
-
-    if (count <= 0)
-        return false;
-
-    bytes.append (piece, (size_t) count);
-    return true;
+    bytes.append (piece, (size_t) juce::jmax (0, (int) count));
+    return count > 0;
 }
 
 static bool isComplete (const recordedRequest& request)
@@ -99,50 +88,28 @@ static bool isComplete (const recordedRequest& request)
 
 scriptedServer::scriptedServer()
 {
-#if JUCE_WINDOWS
-    WSADATA version;
-    REQUIRE (WSAStartup (MAKEWORD (2, 2), &version) == 0);
-#else
+#if ! JUCE_WINDOWS
     setenv ("no_proxy", "127.0.0.1", 1); // libcurl takes the proxy from the environment
 #endif
 
-    sockaddr_in local{};
-    local.sin_family = AF_INET;
-    local.sin_addr.s_addr = htonl (INADDR_LOOPBACK);
-    socketLength length = sizeof (local);
-    auto* localAddress = reinterpret_cast<sockaddr*> (&local);
-
-    const auto socket = ::socket (AF_INET, SOCK_STREAM, 0);
-    REQUIRE (bind (socket, localAddress, length) == 0);
-    REQUIRE (listen (socket, 16) == 0);
-    REQUIRE (getsockname (socket, localAddress, &length) == 0);
-
-    listener = (socketHandle) socket;
-    address = "http://127.0.0.1:" + juce::String (ntohs (local.sin_port));
+    REQUIRE (listener.createListener (0, "127.0.0.1"));
+    address = "http://127.0.0.1:" + juce::String (listener.getBoundPort());
     servers.push_back (this);
     thread = std::thread ([this] { run(); });
 }
 
 scriptedServer::~scriptedServer()
 {
+    stopping = true;
+
     {
         const std::lock_guard<std::mutex> guard (lock);
-        stopping = true;
-
-        if (client != -1)
-            shutdown ((nativeSocket) client, bothWays); // no longer waits for the client to send or to read
+        shutdown ((nativeSocket) client, bothWays); // no longer waits for the client to send or to read
     }
 
-    changed.notify_all();
     thread.join();
-    closesocket ((nativeSocket) listener);
     servers.erase (std::find (servers.begin(), servers.end(), this));
-
-    if (! replies.empty())
-        FAIL_CHECK (replies.size() << " replies were not asked for");
-
-    if (withoutReply > 0)
-        FAIL_CHECK (withoutReply << " requests had no reply, the last one " << received.back().line());
+    CHECK (received.size() == replies.size());
 }
 
 scriptedServer& scriptedServer::reply (const std::string& bytes)
@@ -155,33 +122,43 @@ scriptedServer& scriptedServer::reply (const std::string& bytes)
     return send (bytes);
 }
 
-scriptedServer& scriptedServer::add (step next)
+scriptedServer& scriptedServer::add (const script::value_type& step)
 {
     const std::lock_guard<std::mutex> guard (lock);
-    replies.back().steps.push_back (std::move (next));
+    replies.back().push_back (step);
     return *this;
 }
 
-scriptedServer& scriptedServer::send (const std::string& bytes)
+scriptedServer& scriptedServer::send (const std::string& bytes, const condition& isSlow)
 {
-    return add ({ bytes });
+    return add ([=] { sendAll (bytes, isSlow); });
+}
+
+scriptedServer& scriptedServer::waitUntil (const condition& isOver)
+{
+    return add ([=] {
+        for (std::string ignored; ! isOver() && ! stopping;)
+            if (isReadable (client) && ! receive (client, ignored))
+                return;
+    });
 }
 
 scriptedServer& scriptedServer::pause (int milliseconds)
 {
-    return add ({ {}, milliseconds });
-}
-
-scriptedServer& scriptedServer::stall()
-{
-    return add ({ {}, 0, true });
+    return waitUntil ([milliseconds, start = 0.0]() mutable {
+        const auto now = juce::Time::getMillisecondCounterHiRes();
+        start = start > 0 ? start : now;
+        return now >= start + milliseconds;
+    });
 }
 
 scriptedServer& scriptedServer::reset()
 {
-    const std::lock_guard<std::mutex> guard (lock);
-    replies.back().resets = true;
-    return *this;
+    return add ([this] {
+        const linger atOnce{ 1, 0 };
+        setsockopt ((nativeSocket) client, SOL_SOCKET, SO_LINGER, reinterpret_cast<const char*> (&atOnce),
+                    sizeof (atOnce));
+    });
 }
 
 std::vector<recordedRequest> scriptedServer::requests() const
@@ -193,84 +170,49 @@ std::vector<recordedRequest> scriptedServer::requests() const
 //==============================================================================
 void scriptedServer::run()
 {
-    for (;;)
+    while (! stopping)
     {
-        const auto ready = isReadable (listener);
+        if (listener.waitUntilReady (true, 10) != 1)
+            continue;
+
         std::unique_lock<std::mutex> guard (lock);
+        client = (int) accept ((nativeSocket) listener.getRawSocketHandle(), nullptr, nullptr);
+        guard.unlock();
+        recordedRequest request;
 
-        if (stopping)
-            return;
+        while (! stopping && ! isComplete (request)
+               && (! isReadable (client) || receive (client, request.bytes)))
+        {}
 
-        if (ready)
-        {
-            client = (socketHandle) accept ((nativeSocket) listener, nullptr, nullptr);
-            guard.unlock();
-            serve();
-        }
-    }
-}
-
-void scriptedServer::serve()
-{
-    recordedRequest request;
-
-    while (! isComplete (request) && receive (client, request.bytes))
-    {}
-
-    script todo;
-
-    {
-        const std::lock_guard<std::mutex> guard (lock);
+        guard.lock();
         received.push_back (request);
+        const auto number = received.size();
+        const auto todo = number > replies.size() ? script() : std::move (replies[number - 1]);
+        guard.unlock();
 
-        if (replies.empty())
-        {
-            ++withoutReply;
-        }
-        else
-        {
-            todo = std::move (replies.front());
-            replies.pop_front();
-        }
+        for (auto& step : todo)
+            if (! stopping)
+                step();
+
+        guard.lock();
+        closesocket ((nativeSocket) client);
+        client = -1;
     }
-
-    for (auto& next : todo.steps)
-        play (next);
-
-    const std::lock_guard<std::mutex> guard (lock);
-
-    if (todo.resets)
-    {
-        const linger atOnce{ 1, 0 };
-        setsockopt ((nativeSocket) client, SOL_SOCKET, SO_LINGER, reinterpret_cast<const char*> (&atOnce),
-                    sizeof (atOnce));
-    }
-
-    closesocket ((nativeSocket) std::exchange (client, -1));
 }
 
-void scriptedServer::play (const step& now)
+void scriptedServer::sendAll (const std::string& bytes, const condition& isSlow) const
 {
-    for (size_t sent = 0; sent < now.bytes.size();)
+    for (size_t sent = 0; sent < bytes.size();)
     {
-        const auto piece = juce::jmin (now.bytes.size() - sent, (size_t) 65536);
-        const auto count =
-            ::send ((nativeSocket) client, now.bytes.data() + sent, (socketSize) piece, noSignal);
+        const auto piece = juce::jmin (bytes.size() - sent, (size_t) 65536);
+        const auto count = ::send ((nativeSocket) client, bytes.data() + sent, (socketSize) piece, noSignal);
 
         if (count <= 0)
             return; // the client has hung up
 
         sent += (size_t) count;
-    }
 
-    std::unique_lock<std::mutex> guard (lock);
-    changed.wait_for (guard, std::chrono::milliseconds (now.pauseMs), [this] { return stopping; });
-
-    for (auto hungUp = false; now.stalls && ! hungUp && ! stopping;)
-    {
-        guard.unlock();
-        std::string ignored;
-        hungUp = isReadable (client) && ! receive (client, ignored);
-        guard.lock();
+        if (isSlow())
+            juce::Thread::sleep (10);
     }
 }

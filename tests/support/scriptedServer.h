@@ -1,8 +1,7 @@
 #pragma once
 
-#include <condition_variable>
-#include <cstdint>
-#include <deque>
+#include <atomic>
+#include <functional>
 #include <juce_core/juce_core.h>
 #include <mutex>
 #include <string>
@@ -36,9 +35,12 @@ struct recordedRequest
 class scriptedServer
 {
 public:
+    /** Asked again and again on the server's thread. */
+    using condition = std::function<bool()>;
+
     scriptedServer();
 
-    /** Fails the test when a reply was not asked for, or when there was none for a request. */
+    /** Fails the test unless there were as many requests as replies. */
     ~scriptedServer();
 
     /** "http://127.0.0.1:" and the port. */
@@ -48,11 +50,18 @@ public:
         reply(), adds to it. */
     scriptedServer& reply (const std::string& bytes = {});
 
-    scriptedServer& send (const std::string& bytes);
-    scriptedServer& pause (int milliseconds);
+    /** While `isSlow` holds, no more than 64 kB go every 10 ms. */
+    scriptedServer& send (
+        const std::string& bytes, const condition& isSlow = [] { return false; });
 
-    /** Silence until the client hangs up. */
-    scriptedServer& stall();
+    /** Silence until this holds or the client hangs up. */
+    scriptedServer& waitUntil (const condition&);
+
+    scriptedServer& pause (int milliseconds);
+    scriptedServer& stall()
+    {
+        return waitUntil ([] { return false; });
+    }
 
     /** The connection ends torn down (RST) instead of closed (FIN). */
     scriptedServer& reset();
@@ -61,35 +70,20 @@ public:
     std::vector<recordedRequest> requests() const;
 
 private:
-    using socketHandle = std::intptr_t;
-
-    struct step
-    {
-        std::string bytes;
-        int pauseMs = 0;
-        bool stalls = false;
-    };
-
-    struct script
-    {
-        std::vector<step> steps;
-        bool resets = false;
-    };
+    using script = std::vector<std::function<void()>>;
 
     void run();
-    void serve();
-    void play (const step&);
-    scriptedServer& add (step);
+    void sendAll (const std::string& bytes, const condition& isSlow) const;
+    scriptedServer& add (const script::value_type&);
 
-    socketHandle listener = -1, client = -1;
+    juce::StreamingSocket listener;
     juce::String address;
 
-    mutable std::mutex lock; // guards what follows, and the setting of client
-    std::condition_variable changed;
-    std::deque<script> replies;
+    mutable std::mutex lock; // guards what follows up to the flag; a running reply uses the client without it
+    int client = -1;
+    std::vector<script> replies;
     std::vector<recordedRequest> received;
-    int withoutReply = 0;
-    bool stopping = false;
+    std::atomic<bool> stopping{ false };
 
     std::thread thread;
 
