@@ -1,5 +1,6 @@
 #include "content/jSimpleArchive.h"
 #include "content/jSimpleArchiveDirectory.h"
+#include "net/boundedReading.h"
 #include "tests/support/alertRobot.h"
 #include "tests/support/archiveWriter.h"
 #include "tests/support/temporaryInstallation.h"
@@ -7,16 +8,11 @@
 
 static constexpr auto intMax = std::numeric_limits<int>::max(), intMin = std::numeric_limits<int>::min();
 
-/** The bytes of an entry, or "(none)" when there is no stream. */
+/** The bytes of an entry, or "-" when there is no stream. */
 static std::string bytesOf (const jSimpleArchive& reader, const juce::String& name)
 {
     const auto stream = reader.createInputStreamFor (name);
-
-    if (stream == nullptr)
-        return "(none)";
-
-    juce::MemoryBlock bytes;
-    stream->readIntoMemoryBlock (bytes);
+    const auto bytes = stream == nullptr ? juce::MemoryBlock ("-", 1) : readAtMost (*stream);
     return { bytes.begin(), bytes.end() };
 }
 
@@ -25,13 +21,6 @@ static juce::String namesIn (const jSimpleArchive& reader, const juce::String& p
     juce::StringArray names;
     reader.findEntries (pattern, names);
     return names.joinIntoString (",");
-}
-
-static std::string headerBytes (const jSimpleArchive& reader, int offset)
-{
-    std::string buffer (16, '?');
-    reader.readHeaderBytes (buffer.data(), offset);
-    return buffer;
 }
 
 /** An archive file that lives as long as its reader. */
@@ -51,9 +40,7 @@ struct writtenArchive : jSimpleArchive
 TEST_CASE ("each version is read by its own layout, and scrambling counts from version 3 on")
 {
     // OpenSSL's keystream for the counters that position 1 of the directory has here: scrambled it is zeros.
-    juce::MemoryBlock keystream;
-    keystream.loadFromHexString ("fb558cac81c068e679e0764eac22198e8c5a9dfda0d4b983");
-    const std::string secret (keystream.begin(), keystream.end()), zeros (secret.size(), '\0');
+    const std::string secret ("\xfb\x55\x8c\xac\x81\xc0\x68\xe6\x79\xe0\x76\x4e"), zeros (12, '\0');
     const std::string key ("\x7d\xeb\x4e\0\x51\xc3\x7f\x02", 8), nothing (16, '\0');
 
     for (juce::uint32 version = 1; version <= 4; ++version)
@@ -67,57 +54,51 @@ TEST_CASE ("each version is read by its own layout, and scrambling counts from v
         CHECK (std::string (bytes.end() - zeros.size(), bytes.end()) == (version >= 3 ? zeros : secret));
 
         const writtenArchive archive (bytes);
-        CHECK (archive.isValid());
-        CHECK (archive.getArchivePath() == archive.file.getFile().getFullPathName());
         CHECK (namesIn (archive) == "first.txt,b");
         CHECK (bytesOf (archive, "first.txt") == "plain");
         CHECK (bytesOf (archive, "b") == secret);
-        CHECK (headerBytes (archive, 0) == (version == 1 ? nothing : "header.........."));
-        CHECK (headerBytes (archive, 132) == (version == 1 ? nothing : "The 16 last ones"));
-        CHECK (headerBytes (archive, 148) == (version >= 3 ? key : nothing.substr (8)) + nothing.substr (8));
+
+        const auto headerAt = [&] (int offset) {
+            std::string buffer (16, '?');
+            archive.readHeaderBytes (buffer.data(), offset);
+            return buffer;
+        };
+        CHECK (headerAt (0) == (version == 1 ? nothing : "header.........."));
+        CHECK (headerAt (132) == (version == 1 ? nothing : "The 16 last ones"));
+        CHECK (headerAt (148) == (version >= 3 ? key : nothing.substr (8)) + nothing.substr (8));
 
         for (const int outside : { -16, 156, intMin, intMax })
-            CHECK (headerBytes (archive, outside) == nothing);
+            CHECK (headerAt (outside) == nothing);
     }
 }
 
 TEST_CASE ("names are found exactly, listed by pattern, and otherwise asked of the fallback")
 {
     const std::string longest (60, 'n'), longestOfVersion3 (252, 'v');
-    const archiveWriter over{
-        4, { { longest + "cut", "1" }, { "same", "2" }, { "same", "no" }, { "Ö.png", "3" } }
-    };
-    const archiveWriter under{
-        3, { { longestOfVersion3, "4" }, { "same", "no" }, { "O.PNG", "5" }, { "\xd6 \xff", "6" } }
-    };
+    const archiveWriter over{ 4, { { longest + "cut", "1" }, { "same", "2" }, { "same", "no" } } };
+    const archiveWriter under{ 3, { { longestOfVersion3, "3" }, { "same", "no" }, { "O\xd6.PNG", "4" } } };
     writtenArchive fallback (under.write()), archive (over.write());
     archive.fallback = &fallback;
     std::string found;
 
-    for (auto name : { longest.c_str(), "same", "Ö.png", longestOfVersion3.c_str(), "O.PNG", "Ö ÿ" })
+    for (auto name : { longest.c_str(), "same", longestOfVersion3.c_str(), "OÖ.PNG", "", "Same", "sam", "*" })
     {
-        found += bytesOf (archive, juce::CharPointer_UTF8 (name));
-        CHECK (archive.contains (juce::CharPointer_UTF8 (name)));
+        const auto bytes = bytesOf (archive, juce::CharPointer_UTF8 (name));
+        CHECK (archive.contains (juce::CharPointer_UTF8 (name)) == (bytes != "-"));
+        found += bytes;
     }
 
-    CHECK (found == "123456");
-
-    for (auto* name : { "", "Same", "sam", "same ", "o.png", "*" })
-    {
-        CHECK (bytesOf (archive, name) == "(none)");
-        CHECK_FALSE (archive.contains (name));
-    }
-
-    CHECK (namesIn (archive, "*.png") == juce::CharPointer_UTF8 ("Ö.png,O.PNG"));
+    CHECK (found == "1234----");
+    CHECK (namesIn (archive, "*.png") == juce::CharPointer_UTF8 ("OÖ.PNG"));
     CHECK (namesIn (archive, "S?me") == "same,same,same");
 }
 
-TEST_CASE ("a cut archive serves the records and the bytes that are whole in the file")
+TEST_CASE ("a cut archive serves what is whole in the file, and no announced number is trusted")
 {
     for (juce::uint32 version = 1; version <= 4; ++version)
     {
-        const auto whole =
-            archiveWriter{ version, { { "a", "12345", true }, { "b", "67890", true } } }.write();
+        archiveWriter writer{ version, { { "a", "12345", true }, { "b", "67890", true } } };
+        const auto whole = writer.write();
         const auto recordSize = version == 3 ? 264 : 72;
         const auto start = (int) whole.getSize() - 10 - 2 * recordSize;
 
@@ -133,30 +114,23 @@ TEST_CASE ("a cut archive serves the records and the bytes that are whole in the
             if (records == 2)
                 REQUIRE (bytesOf (archive, "a") + bytesOf (archive, "b") == std::string ("1234567890", data));
         }
-    }
-}
 
-TEST_CASE ("no announced number is trusted")
-{
-    for (const int count : { intMax, 1, 0, -1, intMin })
-        for (juce::uint32 version = 1; version <= 4; ++version)
+        for (const int count : { intMax, 1, 0, -1, intMin })
         {
-            archiveWriter writer{ version, { { "only", "" } }, count };
-            CHECK (namesIn (writtenArchive (writer.write())) == (count > 0 ? "only" : ""));
-            CHECK_FALSE (writtenArchive (juce::MemoryBlock (writer.write().getData(), 8)).isValid());
+            writer.wrongCount = count;
+            CHECK (namesIn (writtenArchive (writer.write())).startsWith ("a") == (count > 0));
         }
+    }
 
-    const auto sizeOf = [] (int size, int offset) {
-        return bytesOf (writtenArchive (archiveWriter{ 4, { { "e", "bytes", true, size, offset } } }.write()),
-                        "e")
-            .size();
+    const auto served = [] (int size, int offset) {
+        const archiveWriter writer{ 4, { { "e", "bytes", false, size, offset } } };
+        return bytesOf (writtenArchive (writer.write()), "e");
     };
 
     for (const int nowhere : { -1, intMin, intMax, 241 })
-        CHECK (sizeOf (5, nowhere) + sizeOf (intMax, nowhere) == 0);
+        CHECK (served (5, nowhere) + served (intMax, nowhere) == "");
 
-    CHECK (sizeOf (-1, 164) + sizeOf (intMin, 164) == 0);
-    CHECK (sizeOf (intMax, 164 + 72 + 3) == 2);
+    CHECK (served (-1, 236) + served (intMin, 236) + served (intMax, 239) == "es");
 }
 
 TEST_CASE ("what is no archive stays invalid, and only an unknown version under .sa is reported, once")
@@ -171,22 +145,19 @@ TEST_CASE ("what is no archive stays invalid, and only an unknown version under 
     writtenArchive old (future, ".sa");
     const auto path = old.getArchivePath();
     CHECK_FALSE (old.open (path));
-    CHECK_FALSE (old.isValid());
 
-    const temporaryInstallation installation;
-    installation.write ("folder.sa/file", "");
-    const auto folder = installation.folder.getFullPathName() + "/folder.sa";
-
-    for (auto& missing : { path + "missing.sa", folder, juce::String(), juce::String ("relative.sa") })
+    for (auto& missing : { path + "missing.sa", juce::File (path).getParentDirectory().getFullPathName(),
+                           juce::String(), juce::String ("relative.sa") })
     {
         jSimpleArchive archive;
         CHECK_FALSE (archive.open (missing));
         CHECK_FALSE (archive.isValid());
-        CHECK (bytesOf (archive, "a") == "(none)");
+        CHECK (bytesOf (archive, "a") == "-");
     }
 
-    CHECK (robot.texts().joinIntoString ("|")
-           == "The packed archive " + path + " can't be opened because it's a old version.");
+    CHECK (
+        robot.texts()
+        == juce::StringArray ("The packed archive " + path + " can't be opened because it's a old version."));
 }
 
 TEST_CASE ("a folder is served as an archive, and nothing outside it")
@@ -198,30 +169,24 @@ TEST_CASE ("a folder is served as an archive, and nothing outside it")
     outside.write ("item/Build.TXT", "12");
     writtenArchive packed (archiveWriter{ 1, { { "packed.txt", "packed" } } }.write());
     jSimpleArchiveDirectory folder;
-    CHECK_FALSE (folder.isValid());
     CHECK_FALSE (folder.open ("item"));
     REQUIRE (folder.open (item.getFullPathName()));
     folder.fallback = &packed;
 
     CHECK (namesIn (folder) == "Build.TXT,sub,packed.txt");
     CHECK (namesIn (folder, "*.txt") == "Build.TXT,packed.txt");
-    CHECK (bytesOf (folder, "Build.TXT") == "12");
-    CHECK (bytesOf (folder, "sub/inner.txt") == "inner");
-    CHECK (bytesOf (folder, "sub\\inner.txt") == "inner");
+    CHECK (bytesOf (folder, "Build.TXT") + bytesOf (folder, "sub\\inner.txt") == "12inner");
     CHECK (bytesOf (folder, "packed.txt") == "packed");
 
-    for (auto name :
-         { "../secret.txt", "..\\secret.txt", "sub/../../secret.txt", "sub/.. /../secret.txt", "..",
-           "sub/.../../secret.txt", secret.toRawUTF8(), "sub//inner.txt", "sub/./inner.txt", "sub", "sub/",
-           "/sub/inner.txt", "C:Build.TXT", "Build.TXT::$DATA", "Build.TXT.", "Build.TXT ", "~", "" })
+    for (auto name : { "../secret.txt", "..\\secret.txt", "sub/../../secret.txt", "..", secret.toRawUTF8(),
+                       "sub//inner.txt", "sub", "/sub/inner.txt", "Build.TXT::$DATA", "Build.TXT.", "" })
     {
         CAPTURE (name);
         CHECK_FALSE (folder.contains (name));
-        CHECK (bytesOf (folder, name) == "(none)");
+        CHECK (bytesOf (folder, name) == "-");
     }
 
     REQUIRE (item.deleteRecursively());
     CHECK_FALSE (folder.isValid());
     CHECK (namesIn (folder) == "packed.txt");
-    CHECK_FALSE (folder.contains ("Build.TXT"));
 }

@@ -36,11 +36,8 @@ juce::MemoryBlock archiveWriter::write() const
         file.writeInt (e.wrongOffset.value_or ((int) (dataStart + data.size())));
         data += e.bytes;
 
-        if (e.scrambled && hasKey)
-        {
-            auto left = keyWord, right = indexBase + i;
+        if (auto left = keyWord, right = indexBase + i; e.scrambled && hasKey)
             applyKeystream (data.data() + data.size() - e.bytes.size(), (int) e.bytes.size(), left, right);
-        }
     }
 
     file.write (data.data(), data.size());
