@@ -25,7 +25,7 @@ struct downloadsPage : genericlistener
     juce::Button& button() const { return dynamic_cast<juce::Button&> (*page->getChildComponent (1)); }
     juce::String status() const
     {
-        return dynamic_cast<juce::Label*> (page->getChildComponent (3))->getText();
+        return dynamic_cast<juce::Label&> (*page->getChildComponent (3)).getText();
     }
 
     void add (const juce::String& name, const juce::String& target,
@@ -75,9 +75,10 @@ struct downloadsPage : genericlistener
         if (text == "dl_url" || text == "dl_auth")
             statusLines.add (status());
 
-        return text == "dl_total"  ? juce::var (items.size())
-               : text == "dl_auth" ? "the token"
-                                   : items[index][text];
+        if (text == "dl_total")
+            return items.size();
+
+        return text == "dl_auth" ? "the token" : items[index][text];
     }
 };
 
@@ -98,17 +99,12 @@ TEST_CASE ("each reply is stored, discarded or shown as a refusal")
     // More than a connection can hold: the client has seen a part of it when the end comes.
     const std::string half (8000000, 'x'), large = half + half;
 
-    const struct testedReply
+    const struct
     {
         std::string reply;
         const char* box; // the start of the first one
         int redirects = 0;
-        enum
-        {
-            closes,
-            resets,
-            stalls
-        } end = closes;
+        bool resets = false, stalls = false;
     } cases[] = {
         { {}, zero },
         { binary ({}, "hello"), zero },
@@ -130,9 +126,9 @@ TEST_CASE ("each reply is stored, discarded or shown as a refusal")
         { binary ("Content-Length: 2147483647\r\n", large),
           "Error downloading \"Amp\"\nExpected 2147483647 bytes, but got 16000000 bytes" },
         { binary ("Content-Length: 20000000\r\n", large),
-          "Error downloading \"Amp\"\nExpected 20000000 bytes, but got ", 0, testedReply::resets },
+          "Error downloading \"Amp\"\nExpected 20000000 bytes, but got ", 0, true },
         { binary ("Content-Length: 3\r\nTransfer-Encoding: chunked\r\n\r\nf42400\r\n" + large, {}),
-          "Error downloading \"Amp\"\nExpected 3 bytes, but got 4096 bytes", 0, testedReply::stalls },
+          "Error downloading \"Amp\"\nExpected 3 bytes, but got 4096 bytes", 0, false, true },
         { binary ("Content-Length: 3\r\n" + chunked, {}),
           "Error downloading \"Amp\"\nExpected 3 bytes, but got 5 bytes" },
         { binary ("Content-Length: 5\r\n" + chunked, {}), stored },
@@ -153,9 +149,9 @@ TEST_CASE ("each reply is stored, discarded or shown as a refusal")
 
             test.server.reply (c.reply);
 
-            if (c.end == testedReply::resets)
+            if (c.resets)
                 test.server.reset();
-            else if (c.end == testedReply::stalls)
+            if (c.stalls)
                 test.server.stall();
 
             const auto boxes = test.run (quits);
@@ -233,9 +229,8 @@ TEST_CASE ("a run goes through all outcomes and sums them up, and the next one f
         "Some items are licensed to you but were not downloaded because the program is out of "
         "date. Please update Klangora 4 at "
         + test.server.origin() + "/update to access these items:\n\nNew";
-    const auto current = [] (const char* number) {
-        return juce::String ("Additionally, there were ") + number
-               + " items already up-to-date that were not downloaded.";
+    const auto current = [] (const juce::String& number) {
+        return "Additionally, there were " + number + " items already up-to-date that were not downloaded.";
     };
 
     CHECK (test.run()

@@ -15,17 +15,11 @@ temporaryInstallation::~temporaryInstallation()
     folder.deleteRecursively();
 }
 
-juce::File temporaryInstallation::write (const juce::String& path, const juce::String& text) const
-{
-    return write (path, juce::MemoryBlock (text.toRawUTF8(), text.getNumBytesAsUTF8()));
-}
-
 juce::File temporaryInstallation::write (const juce::String& path, const juce::MemoryBlock& bytes) const
 {
     auto file = folder.getChildFile (path);
-    REQUIRE (file.deleteFile());
-    REQUIRE (file.create().wasOk());
-    REQUIRE (file.appendData (bytes.getData(), bytes.getSize()));
+    REQUIRE (
+        (file.deleteFile() && file.create().wasOk() && file.appendData (bytes.getData(), bytes.getSize())));
     return file;
 }
 

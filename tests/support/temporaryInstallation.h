@@ -13,8 +13,11 @@ public:
     juce::File folder;
 
     /** Writes a file below the folder, with its parents. */
-    juce::File write (const juce::String& path, const juce::String& text) const;
     juce::File write (const juce::String& path, const juce::MemoryBlock& bytes) const;
+    juce::File write (const juce::String& path, const juce::String& text) const
+    {
+        return write (path, juce::MemoryBlock (text.toRawUTF8(), text.getNumBytesAsUTF8()));
+    }
 
     /** Paths of all files below the folder, relative, with forward slashes, sorted. */
     juce::StringArray files() const;
