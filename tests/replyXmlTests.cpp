@@ -6,70 +6,30 @@ static juce::String times (const char* text, int count)
     return juce::String::repeatedString (text, count);
 }
 
-TEST_CASE ("a reply is XML as far as the framework's parser takes it")
+TEST_CASE ("a reply is XML as far as the framework's parser takes it, and nothing that it would not survive")
 {
-    const char* xml[] = {
-        "<a/>",
-        " \n<?xml version=\"1.0\"?>\n<!-- x --><!DOCTYPE a SYSTEM \"a.dtd\">\n<a b='c'>d</a>\n",
-        "<!DOCTYPE html><html><body>&nbsp;&copy;&#160;&#xA0;</body></html>",
-        "<a b=\"&lt;&quot;'>\" c='\"'><!-- & <b> <!ENTITY --><![CDATA[ & <b> <!DOCTYPE [ ]]><?p & <b>?></a>",
-        "<a><b/>text<c>x</c ></a>",
-        "<a <!-- x --> b = \"c\" />",
-        // wrong, but taken
-        "<a></b>",
-        "<a><b></a></a>",
-        "<a>x</a> trailing <b> & text",
-        "<a",
-        "<a b=",
-        "<a b=c>d</a>",
-        "<a b='x' b='y'/>",
-        "< a/>",
-        "<a>&unknown;</a>",
-        "<a>x</a",
-    };
-
-    for (auto* text : xml)
+    for (auto* text :
+         { " \n<?xml version=\"1.0\"?>\n<!-- x --><!DOCTYPE a SYSTEM \"a.dtd\">\n<a b='c'>d</a>\n",
+           "<!DOCTYPE html><html><body>&nbsp;&copy;&#160;&#xA0;</body></html>",
+           "<a b=\"&lt;&quot;'>\" c='\"'><!-- & <b> <!ENTITY --><![CDATA[ & <b> <!DOCTYPE [ ]]><?p & "
+           "<b>?></a>",
+           "<a><b/>text<c>x</c ></a>", "<a <!-- x --> b = \"c\" />",
+           // wrong, but taken
+           "<a><b></a></a>", "<a>x</a> trailing <b> & text", "<a", "<a b=", "<a b=c>d</a>",
+           "<a b='x' b='y'/>", "< a/>", "<a>&unknown;</a>", "<a>x</a" })
     {
         INFO (text);
         CHECK (parseReply (text) != nullptr);
     }
 
-    auto reply = parseReply ("<r><m>1 &lt; 2 &amp; &#x33;</m></r>");
-    REQUIRE (reply != nullptr);
-    CHECK (reply->getAllSubText() == "1 < 2 & 3");
-}
-
-TEST_CASE ("a text that is not XML, or not for us, is no reply")
-{
-    const char* other[] = {
-        "",
-        " \r\n",
-        "{\"status\":\"success\"}",
-        "No XML here",
-        "<!doctype html><html></html>",
-        "<html><body><hr></body></html>",
-        "<a><b></a>",
-        "<a>text",
-        "<a b='c",
-        "<!-- <a/>",
-        "<?xml version=\"1.0\" <a/>",
-        "<!DOCTYPE a",
-        "<a><![CDATA[x]></a>",
-        "<a b>c</a>",
-        // what the parser would not survive, or would read wrongly
-        "<!DOCTYPE x [<!ENTITY a \"&xa;\">]><x>&a;</x>",
-        "<!DOCTYPE x SYSTEM \"y\" [ ]><x/>",
-        "<?xml version='1.0'?><!-- [ --><!DOCTYPE x <!ENTITY a 'b'>><x>&a;</x>",
-        "<a>&#x",
-        "<a>&#x</a>",
-        "<a b='&#x'>&#65",
-        "<a>Fish & chips; fried</a>",
-        "<a b='?c&d' e='f;'/>",
-        "<a><?p?>text</a>",
-        "<a> <!-- x --> <?p?> text</a>",
-    };
-
-    for (auto* text : other)
+    for (auto* text :
+         { "", " \r\n", "{\"status\":\"success\"}", "<html><body><hr></body></html>", "<a>text", "<a b='c",
+           "<!-- <a/>", "<?xml version=\"1.0\" <a/>", "<!DOCTYPE a", "<a><![CDATA[x]></a>", "<a b>c</a>",
+           // what the parser would not survive, or would read wrongly
+           "<!DOCTYPE x [<!ENTITY a \"&xa;\">]><x>&a;</x>", "<!DOCTYPE x SYSTEM \"y\" [ ]><x/>",
+           "<?xml version='1.0'?><!-- [ --><!DOCTYPE x <!ENTITY a 'b'>><x>&a;</x>", "<a>&#x", "<a>&#x</a>",
+           "<a b='&#x'>&#65", "<a>Fish & chips; fried</a>", "<a b='?c&d' e='f;'/>", "<a><?p?>text</a>",
+           "<a> <!-- x --> <?p?> text</a>" })
     {
         INFO (text);
         CHECK (parseReply (text) == nullptr);

@@ -4,12 +4,7 @@
 
 TEST_CASE ("bytes from outside become valid text up to their first zero byte")
 {
-    const struct
-    {
-        std::string bytes, text;
-    } cases[] = {
-        { "", "" },
-        { "plain\nlines", "plain\nlines" },
+    const std::pair<std::string, std::string> cases[] = {
         { "\xef\xbb\xbf Größe € 🎸 \xf4\x8f\xbf\xbf", "\xef\xbb\xbf Größe € 🎸 \xf4\x8f\xbf\xbf" },
         { std::string ("before\0after", 12), "before" },
         { "f\xfcr 5\x80", "für 5€" },                              // Windows-1252
@@ -21,10 +16,10 @@ TEST_CASE ("bytes from outside become valid text up to their first zero byte")
         { std::string ("cut \xe2\0\x82", 7), "cut â" },            // at the zero byte
     };
 
-    for (auto& c : cases)
+    for (auto& [bytes, valid] : cases)
     {
-        const auto text = validText (c.bytes.data(), c.bytes.size());
-        CHECK (text.toStdString() == c.text);
+        const auto text = validText (bytes.data(), bytes.size());
+        CHECK (text.toStdString() == valid);
         CHECK (juce::CharPointer_UTF8::isValidString (text.toRawUTF8(), (int) text.getNumBytesAsUTF8()));
     }
 
@@ -37,58 +32,41 @@ TEST_CASE ("bytes from outside become valid text up to their first zero byte")
 
 TEST_CASE ("the keystream is Blowfish's, block by block, in little-endian order")
 {
-    const struct
-    {
-        juce::uint32 left, right;
-        const char* keystream;
-    } cases[] = {
+    const std::tuple<juce::uint32, juce::uint32, const char*> cases[] = {
         { 5172093, 41927506, "fb558cac81c068e679e0764eac22198e8c5a9dfda0d4b983" },
-        { 0, 0, "857347271324ca0c7169772e74f23feca08cde1c4997ab5b" },
         { 0xfffffffe, 0xffffffff, "aea934722806e77498e6dfa90c556d605be07dc41028bfd0" },
     };
 
-    for (auto& c : cases)
-    {
-        juce::MemoryBlock expected;
-        expected.loadFromHexString (c.keystream);
-
-        // With and without a tail, and nothing but a tail; what follows the length stays as it was.
-        for (const int length : { 24, 16, 13, 7, 0, -1 })
+    for (auto& [firstLeft, firstRight, keystream] : cases)
+        for (const int length : { 24, 16, 13, 7, 0, -1 }) // what follows the length stays as it was
         {
             const auto size = (size_t) juce::jmax (0, length);
-            juce::MemoryBlock data (24, true);
-            auto left = c.left, right = c.right;
+            juce::MemoryBlock expected, data (24, true);
+            expected.loadFromHexString (keystream);
+            auto left = firstLeft, right = firstRight;
             applyKeystream (data.getData(), length, left, right);
             CHECK (std::memcmp (data.getData(), expected.getData(), size) == 0);
             CHECK (std::count (data.begin() + size, data.end(), 0) == (int) (24 - size));
-            CHECK (left == c.left + (juce::uint32) size / 8 + 1);
-            CHECK (right == c.right + (juce::uint32) size / 8 + 1);
+            CHECK (left == firstLeft + (juce::uint32) size / 8 + 1);
+            CHECK (right == firstRight + (juce::uint32) size / 8 + 1);
         }
-    }
 }
 
-TEST_CASE ("texts have their fixed printable forms")
+TEST_CASE ("texts have fixed printable forms, and what cannot be one gives no text")
 {
-    const struct
-    {
-        const char *text, *printable;
-    } cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         { "", "8.6WEirFHvnYN" },
         { "7 bytes", "8.LWm6UWeoaXN" },
         { "8 bytes!", "16.CWm6UWeoabbdfamSrJRFNB" },
-        { "me@example.org", "16.VBCyImenEXYEEhUHdWTFNB" },
         { "pä$$wörd € 🎸", "24.KZIJHV5sqB0BDZEqt3XN9MA0kzOnTm6f" },
     };
 
-    for (auto& c : cases)
+    for (auto& [text, printable] : cases)
     {
-        CHECK (scrambleText (juce::CharPointer_UTF8 (c.text), 5172093, 41927506) == c.printable);
-        CHECK (unscrambleText (c.printable, 5172093, 41927506) == juce::CharPointer_UTF8 (c.text));
+        CHECK (scrambleText (juce::CharPointer_UTF8 (text), 5172093, 41927506) == printable);
+        CHECK (unscrambleText (printable, 5172093, 41927506) == juce::CharPointer_UTF8 (text));
     }
-}
 
-TEST_CASE ("a printable text that cannot be one gives no text, and any other gives valid text")
-{
     for (auto* impossible :
          { "", ".", "x", "LWm6UWeoaXN", "-1.x", "-8.LWm6UWeoaXN", "8.", "8.LWm6UWeoaX", "9.LWm6UWeoaXN", "0.",
            "2147483647.A", "4294967304.LWm6UWeoaXN", "99999999999999999999.A", "0x8.LWm6UWeoaXN",
@@ -98,17 +76,6 @@ TEST_CASE ("a printable text that cannot be one gives no text, and any other giv
         CHECK (unscrambleText (juce::CharPointer_UTF8 (impossible), 5172093, 41927506).isEmpty());
     }
 
-    juce::Random random (1);
-
-    for (int i = 0; i < 300; ++i)
-    {
-        juce::String printable ("24.");
-
-        while (printable.length() < 3 + 32)
-            printable << juce::String::charToString (
-                (juce::juce_wchar) random.nextInt ({ 1, i < 150 ? 128 : 0x2000 }));
-
-        const auto text = unscrambleText (printable, (juce::uint32) i, 0);
-        REQUIRE (isValidText (text.toRawUTF8(), text.getNumBytesAsUTF8()));
-    }
+    const auto foreign = unscrambleText ("24.KZIJHV5sqB0BDZEqt3XN9MA0kzOnTm6f", 1, 0);
+    CHECK (isValidText (foreign.toRawUTF8(), foreign.getNumBytesAsUTF8()));
 }
