@@ -97,6 +97,12 @@ void store_downloads::resized()
     status.setBounds (statusBounds);
 }
 
+void store_downloads::visibilityChanged()
+{
+    if (isShowing() && ! isCurrentlyBlockedByAnotherModalComponent())
+        downloadButton.grabKeyboardFocus();
+}
+
 void store_downloads::buttonClicked (juce::Button* button)
 {
     if (button == &downloadButton)

@@ -20,6 +20,7 @@ public:
 
     void paint (juce::Graphics& g) override;
     void resized() override;
+    void visibilityChanged() override;
     void buttonClicked (juce::Button* button) override;
     void timerCallback (int timerId) override;
 

@@ -165,7 +165,7 @@ void store_auth::resized()
 
 void store_auth::visibilityChanged()
 {
-    if (isShowing())
+    if (isShowing() && ! isCurrentlyBlockedByAnotherModalComponent())
         loginAddress.grabKeyboardFocus();
 }
 

@@ -5,6 +5,7 @@
 #include "net/storeService.h"
 #include "store/showAttention.h"
 #include "ui/childrenUnion.h"
+#include "ui/focusKeeper.h"
 
 static constexpr int dialogWidth = 700, dialogHeight = 500;
 static constexpr int firstFadeInMs = 500, fadeInMs = 100, fadeOutMs = 100;
@@ -58,15 +59,20 @@ void jStoreDialog::showPage (juce::Component* page, int fadeInTimeMs)
     animator.animateComponent (page, page->getBounds(), 1.0f, fadeInTimeMs, true, 1.0, 1.0);
 }
 
-void jStoreDialog::done()
+static bool askWhetherToQuit()
 {
-    const SafePointer<jStoreDialog> self (this);
-    const auto quit = juce::AlertWindow::showOkCancelBox (
+    const focusKeeper focus;
+    return juce::AlertWindow::showOkCancelBox (
         juce::MessageBoxIconType::QuestionIcon, productName,
         "This will close your connections with the Dorvik Rigmart store. Do you want to quit?", "Quit",
         "Go back", nullptr, nullptr);
+}
 
-    if (quit && self != nullptr)
+void jStoreDialog::done()
+{
+    const SafePointer<jStoreDialog> self (this);
+
+    if (askWhetherToQuit() && self != nullptr)
         finishDialog ("Done", {}, {}, {});
 }
 

@@ -1,9 +1,10 @@
 #include "store/showAttention.h"
 #include "app/productName.h"
-#include <juce_gui_basics/juce_gui_basics.h>
+#include "ui/focusKeeper.h"
 
 void showAttention (const juce::String& message)
 {
+    const focusKeeper focus;
     const juce::String title (productName);
 
     juce::AlertWindow::showMessageBox (juce::MessageBoxIconType::InfoIcon,

@@ -74,7 +74,7 @@ void store_intro::resized()
 
 void store_intro::visibilityChanged()
 {
-    if (isShowing())
+    if (isShowing() && ! isCurrentlyBlockedByAnotherModalComponent())
         logOnButton.grabKeyboardFocus();
 }
 

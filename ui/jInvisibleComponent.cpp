@@ -193,9 +193,14 @@ void jInvisibleComponent::globalFocusChanged (juce::Component* focused)
 
 void jInvisibleComponent::focusGained (FocusChangeType cause)
 {
-    if (cause == focusChangedDirectly && lastFocused != nullptr && lastFocused->isShowing()
-        && lastFocused->isEnabled())
+    if (cause != focusChangedDirectly)
+        return;
+
+    if (lastFocused != nullptr && lastFocused->isShowing() && lastFocused->isEnabled())
         lastFocused->grabKeyboardFocus();
+    else if (const auto controls = juce::KeyboardFocusTraverser().getAllComponents (dialog.get());
+             ! controls.empty())
+        controls.front()->grabKeyboardFocus();
 }
 
 std::unique_ptr<juce::AccessibilityHandler> jInvisibleComponent::createAccessibilityHandler()

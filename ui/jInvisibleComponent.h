@@ -37,7 +37,8 @@ public:
         other keys. */
     bool keyPressed (const juce::KeyPress&) override;
 
-    /** Passes the focus on to the control that had it before: the window manager gives it to the window alone. */
+    /** Passes the focus on to the control that had it before, or else to the dialog's first: the window manager gives
+        it to the window alone. */
     void focusGained (FocusChangeType) override;
 
     std::unique_ptr<juce::AccessibilityHandler> createAccessibilityHandler() override;
