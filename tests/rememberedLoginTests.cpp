@@ -7,8 +7,6 @@
     #include <sys/stat.h>
 #endif
 
-using login = rememberedLogin::login;
-
 TEST_CASE ("a remembered login is two scrambled lines that only their owner can read")
 {
     temporaryInstallation installation;
@@ -27,54 +25,63 @@ TEST_CASE ("a remembered login is two scrambled lines that only their owner can 
     CHECK ((status.st_mode & 0777) == 0600);
 #endif
 
+    // What cannot be written leaves the old file.
+    installation.write ("rigmart.tmp/full", "a folder where the temporary file would be");
+    remembered.save ({ "new", "login" });
+    CHECK (remembered.load()->address == "me@example.org");
+
     remembered.forget();
     remembered.forget();
     CHECK_FALSE (file.exists());
+}
 
-    // What cannot be written leaves the old file.
-    remembered.save ({ "old", "login" });
-    installation.write ("rigmart.tmp/full", "a folder where the temporary file would be");
-    remembered.save ({ "new", "login" });
-    CHECK (remembered.load()->address == "old");
+TEST_CASE ("without an installation folder no login is remembered, and none is made")
+{
+    const auto missing = juce::File::createTempFile ("missing");
+
+    for (auto& folder : { juce::String(), juce::String ("relative"), missing.getFullPathName() })
+    {
+        const rememberedLogin remembered (folder);
+        remembered.save ({ "me@x.org", "secret" });
+        remembered.forget();
+        CHECK_FALSE (remembered.load().has_value());
+    }
+
+    CHECK_FALSE (missing.exists());
+    CHECK_FALSE (juce::File::getCurrentWorkingDirectory().getChildFile ("rememberme.txt").exists());
 }
 
 TEST_CASE ("whatever stands in the file, loading gives two texts or nothing")
 {
     const juce::String good ("8.3vOirFHvnYN"), accented (juce::CharPointer_UTF8 ("\xc3\xa9"));
-    const juce::String blob = juce::String::repeatedString ("A", 5 * 1024 * 1024);
+    const auto blob = "5242880." + juce::String::repeatedString ("A", 5 * 1024 * 1024);
 
-    struct row
-    {
-        juce::String content;
-        bool isLogin;
-        juce::String address, password;
-    };
-
-    const row table[] = {
-        { {}, false, {}, {} },
-        { good, false, {}, {} },
-        { good + "\n" + good, true, accented, accented },
-        { "\r\n \t\r\n" + good + "\r\n\n\r" + good + "\r  ", true, accented, accented },
-        { good + "\n" + good + "\n" + good, false, {}, {} },
-        { "-1.AAAA\n2147483647.A\n", true, {}, {} },
-        { "99999999999999999999.A\n8.\n", true, {}, {} },
-        { "me@x.org\nsecret\n", true, {}, {} },
-        { "5242880." + blob + "\n" + good, false, {}, {} },
+    const std::pair<juce::String, juce::String> table[] = {
+        { {}, "none" },
+        { good, "none" },
+        { good + "\n" + good + "\n" + good, "none" },
+        { blob + "\n" + good, "none" },
+        { good + "\n" + good, accented + "|" + accented },
+        { "\r\n \t\r\n" + good + "\r\n\n\r8.\r  ", accented + "|" },
+        { "-1.AAAA\n2147483647.A\n", "|" },
+        { "me@x.org\n99999999999999999999.A\n", "|" },
     };
 
     temporaryInstallation installation;
+    const rememberedLogin remembered (installationFolder);
+    const auto loaded = [&] {
+        const auto login = remembered.load();
+        return login.has_value() ? login->address + "|" + login->password : juce::String ("none");
+    };
 
-    for (auto& row : table)
+    for (auto& [content, expected] : table)
     {
-        INFO (row.content.substring (0, 60));
-        installation.write ("rememberme.txt", row.content);
-        const auto loaded = rememberedLogin (installationFolder).load();
-        CHECK (loaded.has_value() == row.isLogin);
-        CHECK (loaded.value_or (login()).address == row.address);
-        CHECK (loaded.value_or (login()).password == row.password);
+        INFO (content.substring (0, 60));
+        installation.write ("rememberme.txt", content);
+        CHECK (loaded() == expected);
     }
 
-    const char withZero[] = "8.3vOirFHvnYN\n8.3vOirFHvnYN\n\0 8.3vOirFHvnYN";
+    const char withZero[] = "8.3vOirFHvnYN\n8.3vOirFHvnYN\n\0 8.3vOirFHvnYN\n";
     installation.write ("rememberme.txt", juce::MemoryBlock (withZero, sizeof (withZero)));
-    CHECK (rememberedLogin (installationFolder).load()->password == accented);
+    CHECK (loaded() == accented + "|" + accented);
 }

@@ -1,7 +1,6 @@
 #include "app/installationPaths.h"
 #include "store/jStoreDialog.h"
 #include "tests/support/alertRobot.h"
-#include "tests/support/recordingListener.h"
 #include "tests/support/scriptedServer.h"
 #include "tests/support/temporaryInstallation.h"
 #include "tests/support/waiting.h"
@@ -44,20 +43,47 @@ struct openStore
         return boxes;
     }
 
-    /** Waits until a page has come, with the keyboard focus in it. */
+    /** Waits until a page has come, with the keyboard focus in it, as the window system sees it too. */
     template <typename Page>
     static void awaitPage()
     {
         waitFor ("a page with the focus", [] {
             const auto* focused = juce::Component::getCurrentlyFocusedComponent();
             return focused != nullptr && focused->findParentComponentOfClass<Page>() != nullptr
+                   && focused->getPeer()->isFocused()
                    && ! juce::Desktop::getInstance().getAnimator().isAnimating();
         });
+    }
+
+    /** A key as the window system delivers it, which is after everything that came before. */
+    void press (const juce::KeyPress& key)
+    {
+        handleQueuedEvents();
+        dialog.getPeer()->handleKeyPress (key);
+        drainMessages();
+    }
+
+    void type (const juce::String& text)
+    {
+        for (auto c : text)
+            press ({ (int) c, {}, c });
     }
 
 private:
     int seenBefore = 0;
 };
+
+const juce::KeyPress tab (juce::KeyPress::tabKey),
+    backTab (juce::KeyPress::tabKey, juce::ModifierKeys::shiftModifier, 0), enter (juce::KeyPress::returnKey),
+    space (juce::KeyPress::spaceKey), escape (juce::KeyPress::escapeKey);
+
+/** What a person would call the control with the focus. */
+juce::String focusedControl()
+{
+    auto* control = juce::Component::getCurrentlyFocusedComponent();
+    auto* button = dynamic_cast<juce::Button*> (control);
+    return button != nullptr ? button->getButtonText() : (control != nullptr ? control->getTitle() : "");
+}
 }
 
 TEST_CASE ("the service's answers decide on a log-on and on a new account")
@@ -179,6 +205,62 @@ TEST_CASE ("of two pages shown in quick succession the last one stays, sized to 
 
     store.dialog.showPage (&pages[1], 20);
     CHECK_FALSE (animator.isAnimating());
+}
+
+TEST_CASE ("a whole session needs no mouse")
+{
+    openStore store;
+    store.server.reply (refusedLogin).reply (acceptedLogin);
+
+    store.awaitPage<store_intro>();
+    CHECK (focusedControl() == "Log on...");
+    store.press (space);
+    store.awaitPage<store_auth>();
+
+    juce::StringArray stops;
+
+    for (int i = 0; i < 9; ++i)
+    {
+        stops.add (focusedControl());
+        store.press (tab);
+    }
+
+    CHECK (stops.joinIntoString (", ")
+           == "Email address, Password, Remember me, Email address, Confirm email, Password, "
+              "Confirm password, QUIT, Email address");
+
+    store.press (backTab);
+    store.type ("me@x.org");
+    store.press (enter);
+    store.type ("s'e+c ret");
+    store.press (tab);
+    CHECK (focusedControl() == "Authenticate");
+    store.press (tab);
+    store.robot.answer (enter);
+    store.press (space);
+    store.awaitPage<store_auth>();
+    store.press (backTab);
+    store.robot.answer (escape);
+    store.press (enter);
+    store.awaitPage<store_auth>();
+    CHECK (focusedControl() == "Authenticate");
+    CHECK (store.newBoxes()[1] == "No.");
+    store.press (enter);
+
+    store.awaitPage<store_downloads>();
+    CHECK (store.server.requests().back().body() == "emailaddr=me%40x.org&password=s'e%2Bc%20ret");
+    CHECK (store.installation.files() == juce::StringArray{ "rememberme.txt" });
+
+    store.robot.answer (escape);
+    store.press (escape);
+    store.awaitPage<store_downloads>();
+    store.press (tab);
+    CHECK (focusedControl() == "QUIT");
+    store.robot.answer (enter);
+    store.press (enter);
+    CHECK (store.isOpen == nullptr);
+    CHECK (store.newBoxes() == juce::StringArray (quitQuestion, quitQuestion));
+    CHECK (juce::MessageManager::getInstance()->hasStopMessageBeenSent());
 }
 
 TEST_CASE ("quitting is asked for once at a time, and may come while a message box is open")

@@ -1,4 +1,5 @@
 #include "tests/support/alertRobot.h"
+#include "tests/support/waiting.h"
 #include <catch2/catch.hpp>
 
 alertRobot::alertRobot()
@@ -44,6 +45,7 @@ juce::AlertWindow* alertRobot::openBox()
 
 void alertRobot::timerCallback()
 {
+    handleQueuedEvents(); // the box has the focus by now: nobody answers faster than that
     auto* open = openBox();
 
     if (open == nullptr || open == answered.getComponent())
