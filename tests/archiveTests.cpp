@@ -150,14 +150,12 @@ TEST_CASE ("what is no archive stays invalid, and only an unknown version under 
                            juce::String(), juce::String ("relative.sa") })
     {
         jSimpleArchive archive;
-        CHECK_FALSE (archive.open (missing));
-        CHECK_FALSE (archive.isValid());
+        CHECK_FALSE ((archive.open (missing) || archive.isValid()));
         CHECK (bytesOf (archive, "a") == "-");
     }
 
-    CHECK (
-        robot.texts()
-        == juce::StringArray ("The packed archive " + path + " can't be opened because it's a old version."));
+    const auto reported = "The packed archive " + path + " can't be opened because it's a old version.";
+    CHECK (robot.texts() == juce::StringArray (reported));
 }
 
 TEST_CASE ("a folder is served as an archive, and nothing outside it")

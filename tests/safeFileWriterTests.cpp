@@ -56,11 +56,9 @@ TEST_CASE ("a write that fails leaves the old file and no other trace")
     CHECK (fails ("dir/old.sa"));
 #else
     const auto isRoot = geteuid() == 0;
-    REQUIRE (juce::File (folder).setReadOnly (true));
-    REQUIRE ((! isRoot || seteuid (65534) == 0));
+    REQUIRE ((juce::File (folder).setReadOnly (true) && (! isRoot || seteuid (65534) == 0)));
     CHECK (fails ("dir/old.sa"));
-    REQUIRE ((! isRoot || seteuid (0) == 0));
-    REQUIRE (juce::File (folder).setReadOnly (false));
+    REQUIRE (((! isRoot || seteuid (0) == 0) && juce::File (folder).setReadOnly (false)));
 
     if (mount ("none", folder.toRawUTF8(), "tmpfs", 0, "size=300k") != 0)
     {
@@ -69,8 +67,7 @@ TEST_CASE ("a write that fails leaves the old file and no other trace")
     }
 
     installation.write ("dir/old.sa", "old");
-    CHECK (fails ("dir/old.sa", 1000000));
-    CHECK (fails ("dir/new.sa", 1000000));
+    CHECK ((fails ("dir/old.sa", 1000000) && fails ("dir/new.sa", 1000000)));
     CHECK (umount2 (folder.toRawUTF8(), MNT_DETACH) == 0);
 #endif
 }
