@@ -1,5 +1,4 @@
 #include "tests/support/alertRobot.h"
-#include "tests/support/waiting.h"
 #include <catch2/catch.hpp>
 
 alertRobot::alertRobot()
@@ -17,13 +16,7 @@ alertRobot::~alertRobot()
 
 alertRobot& alertRobot::answer (const juce::String& button)
 {
-    answers.emplace_back (button);
-    return *this;
-}
-
-alertRobot& alertRobot::answer (const juce::KeyPress& key)
-{
-    answers.emplace_back (key);
+    answers.push_back (button);
     return *this;
 }
 
@@ -45,7 +38,6 @@ juce::AlertWindow* alertRobot::openBox()
 
 void alertRobot::timerCallback()
 {
-    handleQueuedEvents(); // the box has the focus by now: nobody answers faster than that
     auto* open = openBox();
 
     if (open == nullptr || open == answered.getComponent())
@@ -74,16 +66,8 @@ void alertRobot::timerCallback()
 
     if (! answers.empty())
     {
-        const auto next = answers.front();
+        press = answers.front();
         answers.pop_front();
-
-        if (const auto* key = std::get_if<juce::KeyPress> (&next))
-        {
-            open->getPeer()->handleKeyPress (*key);
-            return;
-        }
-
-        press = std::get<juce::String> (next);
     }
     else if (shown.buttons.size() > 1)
     {

@@ -3,7 +3,6 @@
 #include <deque>
 #include <functional>
 #include <juce_gui_basics/juce_gui_basics.h>
-#include <variant>
 #include <vector>
 
 /** Plays the person in front of the message boxes: while it lives it reads each box that opens and presses one
@@ -26,9 +25,6 @@ public:
         a box of several buttons without an answer fails the test. */
     alertRobot& answer (const juce::String& button);
 
-    /** Key to press instead. */
-    alertRobot& answer (const juce::KeyPress& key);
-
     /** Called with each open box before it is answered. */
     std::function<void (juce::AlertWindow&)> whileOpen;
 
@@ -45,6 +41,6 @@ private:
     void timerCallback() override;
 
     std::vector<box> boxes;
-    std::deque<std::variant<juce::String, juce::KeyPress>> answers;
+    std::deque<juce::String> answers;
     juce::Component::SafePointer<juce::AlertWindow> answered;
 };

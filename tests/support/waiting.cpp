@@ -2,18 +2,6 @@
 #include <catch2/catch.hpp>
 #include <juce_gui_basics/juce_gui_basics.h>
 
-#if JUCE_LINUX
-    #include <juce_events/native/juce_linux_EventLoopInternal.h>
-#endif
-
-void handleQueuedEvents()
-{
-#if JUCE_LINUX
-    for (auto fd : juce::LinuxEventLoopInternal::getRegisteredFds())
-        juce::LinuxEventLoopInternal::invokeEventLoopCallbackForFd (fd);
-#endif
-}
-
 void waitFor (const char* what, const std::function<bool()>& condition, int deadlineMs)
 {
     const auto deadline = juce::Time::getMillisecondCounter() + (juce::uint32) deadlineMs;
@@ -23,7 +11,6 @@ void waitFor (const char* what, const std::function<bool()>& condition, int dead
         if (juce::Time::getMillisecondCounter() > deadline)
             FAIL ("waited " << deadlineMs << " ms in vain: " << what);
 
-        handleQueuedEvents();
         juce::MessageManager::getInstance()->runDispatchLoopUntil (2);
     }
 }

@@ -8,8 +8,3 @@ void waitFor (const char* what, const std::function<bool()>& condition, int dead
 
 /** Lets every message that is already queued, and those that these queue, be handled. */
 void drainMessages();
-
-/** Handles the window system's events that have come so far. On Linux some lie unseen in the X library's queue, from
-    when it waited for an answer: the framework looks there only when more arrive, which with a person at the display
-    is at once. */
-void handleQueuedEvents();
