@@ -124,12 +124,9 @@ TEST_CASE ("each pixel of the button bar lights up and presses the right button"
         { three, 300, 99, 0, "jControl | r1" },
         { three, 300, 100, 0, "jControl | r2" },
         { three, 300, 101, 1, "jControl | r2" },
-        { three, 300, 199, 1, "jControl | r2" },
         { three, 300, 200, 1, "jControl | r3" },
         { three, 300, 201, 2, "jControl | r3" },
-        { three, 302, 201, 1, "jControl | r3" },
         { lastOnly, 300, 99, 0, "jControl | r1" },
-        { lastOnly, 300, 299, 2, "jControl | r3" },
     };
 
     for (auto& c : cases)
@@ -159,22 +156,16 @@ TEST_CASE ("each pixel of the button bar lights up and presses the right button"
 TEST_CASE ("however a dialog is closed, its owner is told once and nothing is left")
 {
     const juce::StringArray isDone{ "before", "Done", "after" };
-    const juce::StringArray isDoneLater{ "close 999", "before", "Done", "after" };
     const std::pair<void (*) (stage&, testDialog&), juce::StringArray> cases[] = {
         { [] (stage&, testDialog& d) { click (d.overlay(), 3, 3); }, isDone },
         { [] (stage& s, testDialog&) { s.type (juce::KeyPress::escapeKey); }, isDone },
-        { [] (stage&, testDialog& d) { d.closeWithResult ({}); }, isDoneLater },
-        { [] (stage&, testDialog& d) {
-             d.handleCommandMessage (1);
-             d.handleCommandMessage (999);
-         },
-          isDoneLater },
+        { [] (stage&, testDialog& d) { d.closeWithResult ({}); },
+          { "close 999", "before", "Done", "after" } },
         { [] (stage&, testDialog& d) {
              d.closeWithResult ("first");
              d.closeWithResult ("second");
          },
           { "close 999", "before", "second", "after" } },
-        { [] (stage&, testDialog& d) { d.finishDialog ({}, 1, 2, 3); }, { "before", "after" } },
         { [] (stage&, testDialog& d) { d.finishDialog ("x", 1, 2, 3); },
           { "before", "x | 1 | 2 | 3", "after" } },
         { [] (stage& s, testDialog& d) {
@@ -183,11 +174,6 @@ TEST_CASE ("however a dialog is closed, its owner is told once and nothing is le
          },
           isDone },
         // the dialog is deleted under the feet of what is going on
-        { [] (stage& s, testDialog& d) {
-             s.owner.whenTold = [&d] (const juce::String&) { delete &d; };
-             d.done();
-         },
-          { "before", "Done" } },
         { [] (stage&, testDialog& d) {
              d.whenFinishing = [&d] { delete &d; };
              d.done();
