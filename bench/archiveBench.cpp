@@ -2,7 +2,7 @@
 #include "bench/scratchFolder.h"
 #include "content/jSimpleArchive.h"
 #include "net/dataScrambler.h"
-#include "tests/support/archiveWriter.h"
+#include "sandbox/archiveWriter.h"
 #include <map>
 #include <physfs.h>
 #include <zip.h>

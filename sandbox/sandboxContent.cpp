@@ -1,6 +1,6 @@
 #include "sandbox/sandboxContent.h"
 #include "app/productName.h"
-#include "tests/support/archiveWriter.h"
+#include "sandbox/archiveWriter.h"
 #include <random>
 
 /** Bytes that look like samples of a sound: the same for the same seed, and nothing that compresses away. */

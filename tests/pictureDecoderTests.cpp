@@ -46,7 +46,6 @@ TEST_CASE ("a picture that is cut anywhere, or damaged, is no picture")
 
 TEST_CASE ("a picture of absurd dimensions is turned down by its header")
 {
-    CHECK (decode (encode<juce::PNGImageFormat> ({ juce::Image::RGB, 8192, 1, true })).getWidth() == 8192);
     CHECK (decode (encode<juce::PNGImageFormat> ({ juce::Image::RGB, 8193, 1, true })).isNull());
 
     // The decoder itself pads a JPEG of too few data with grey, up to any size.

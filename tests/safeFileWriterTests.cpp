@@ -9,10 +9,7 @@
     #include <unistd.h>
 #endif
 
-static juce::String times (const char* text, int count)
-{
-    return juce::String::repeatedString (text, count);
-}
+static const auto times = juce::String::repeatedString;
 
 static bool replace (const juce::File& target, const juce::String& content)
 {

@@ -1,7 +1,7 @@
 #include "app/installationPaths.h"
 #include "app/registryValue.h"
+#include "sandbox/archiveWriter.h"
 #include "tests/support/alertRobot.h"
-#include "tests/support/archiveWriter.h"
 #include "tests/support/freshFramework.h"
 #include "tests/support/temporaryInstallation.h"
 #include <catch2/catch.hpp>

@@ -1,4 +1,4 @@
-#include "tests/support/archiveWriter.h"
+#include "sandbox/archiveWriter.h"
 #include "net/dataScrambler.h"
 
 juce::MemoryBlock archiveWriter::write() const
