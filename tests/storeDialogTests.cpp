@@ -1,5 +1,6 @@
 #include "app/installationPaths.h"
 #include "store/jStoreDialog.h"
+#include "store/showAttention.h"
 #include "tests/support/alertRobot.h"
 #include "tests/support/scriptedServer.h"
 #include "tests/support/temporaryInstallation.h"
@@ -209,4 +210,21 @@ TEST_CASE ("while the service is silent the wait cursor shows, over what was pai
     CHECK (cursorShown);
     CHECK (painted);
     CHECK_FALSE (busyCursor::isShown());
+}
+
+TEST_CASE ("the focus comes back to its control after a message box")
+{
+    const openStore store;
+    const auto focused = [] { return juce::Component::getCurrentlyFocusedComponent(); };
+    store.dialog.handleMessage ("intro done", {}, {}, {});
+    waitFor ("the page's first field",
+             [&] { return dynamic_cast<juce::TextEditor*> (focused()) != nullptr; });
+
+    for (int i = 0; i < 12; ++i)
+    {
+        focused()->moveKeyboardFocusToSibling (true);
+        const auto* control = focused();
+        showAttention ("A box.");
+        waitFor ("the focus", [&] { return focused() == control; });
+    }
 }
