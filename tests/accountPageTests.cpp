@@ -167,7 +167,7 @@ TEST_CASE ("the page opens with the remembered login; its toggle warns, and forg
     CHECK (form.button (loginButton).isEnabled());
     CHECK (form.editor (loginAddress).getText() == "me@example.org");
     CHECK (form.editor (loginPassword).getText() == "secret&1");
-    CHECK (form.robot.seen().empty());
+    CHECK (form.robot.texts().isEmpty());
 
     form.click (rememberToggle);
     CHECK_FALSE (file.existsAsFile());
@@ -198,7 +198,7 @@ TEST_CASE ("a new account is logged on at once; one that was refused is reported
 TEST_CASE ("the page may be gone when a request or a box returns")
 {
     accountPage form;
-    form.robot.whileOpen = [&] (auto&) { form.page.reset(); };
+    form.robot.whileOpen = [&] { form.page.reset(); };
 
     for (auto button : { loginButton, creationButton, rememberToggle })
     {

@@ -137,7 +137,7 @@ TEST_CASE ("what is no archive stays invalid, and only an unknown version under 
     const auto future = archiveWriter{ 5, { { "a", "1" } } }.write();
 
     CHECK_FALSE ((writtenArchive (future).isValid() || writtenArchive (juce::MemoryBlock()).isValid()));
-    CHECK (robot.seen().empty());
+    CHECK (robot.texts().isEmpty());
     writtenArchive old (future, ".sa");
     const auto path = old.getArchivePath();
     CHECK_FALSE (old.open (path));

@@ -34,7 +34,7 @@ TEST_CASE ("an item is current up to the build that is installed at its target")
     CHECK (isInstalled (12));
     alertRobot robot;
     installation.write ("item.sa", archiveOf ("12", 5));
-    CHECK ((isInstalled (0) && robot.seen().size() == 2)); // each look at it is told
+    CHECK ((isInstalled (0) && robot.texts().size() == 2)); // each look at it is told
 
     // A folder wins over both, and its text may hold anything.
     REQUIRE ((juce::File (target).deleteFile() && juce::File (target).createDirectory().wasOk()));

@@ -38,12 +38,6 @@ static juce::StringArray boxesAtStart (const juce::String& folder)
     alertRobot robot;
     findInstallationPaths();
 
-    for (auto& box : robot.seen())
-    {
-        CHECK (box.title == "Klangora 4");
-        CHECK (box.buttons == juce::StringArray{ "Ok" });
-    }
-
     CHECK (registryKeyPath == "HKEY_LOCAL_MACHINE\\SOFTWARE\\Dorvik Electronics\\Klangora 4");
     return robot.texts();
 }

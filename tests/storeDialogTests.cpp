@@ -12,8 +12,8 @@ namespace
 {
 const juce::String noData (
     "No data returned from web server. Klangora needs an Internet connection to complete this request.");
-const juce::String
-    quitQuestion ("This will close your connections with the Dorvik Rigmart store. Do you want to quit?");
+const juce::String quitQuestion (
+    "This will close your connections with the Dorvik Rigmart store. Do you want to quit? [Quit|Go back]");
 const std::string refusedLogin = okReply ("<r><message>No.</message></r>");
 const std::string acceptedLogin = okReply ("<r><sessiontoken>a token</sessiontoken></r>");
 
@@ -161,18 +161,17 @@ TEST_CASE ("quitting is asked for once at a time, and may come while a message b
     if (inBox)
     {
         store.server.reply (refusedLogin);
-        store.robot.whileOpen = [&] (auto&) { delete &store.dialog; };
+        store.robot.whileOpen = [&] { delete &store.dialog; };
         CHECK (store.ask ("POST auth", "me@x.org", "wrong").isVoid());
     }
     else
     {
         store.robot.answer ("Go back").answer ("Quit");
-        store.robot.whileOpen = [&] (auto&) { store.dialog.requestClose(); };
+        store.robot.whileOpen = [&] { store.dialog.requestClose(); };
         store.dialog.requestClose();
         REQUIRE (store.isOpen != nullptr);
         store.dialog.requestClose();
         CHECK (store.newBoxes() == juce::StringArray (quitQuestion, quitQuestion));
-        CHECK (store.robot.seen()[0].buttons == juce::StringArray ("Quit", "Go back"));
     }
 
     CHECK (store.isOpen == nullptr);

@@ -1,5 +1,4 @@
 #include "net/boundedReading.h"
-#include "net/escapeFormText.h"
 #include "net/webAddress.h"
 #include "net/webStream.h"
 #include "tests/support/scriptedServer.h"
@@ -29,14 +28,6 @@ static std::string bodyOf (const webReply& reply)
     return { bytes.begin(), bytes.end() };
 }
 
-TEST_CASE ("form text is escaped byte by byte")
-{
-    CHECK (
-        escapeFormText (juce::CharPointer_UTF8 ("Az09_-.*!'() \t\n~+&=%#@/:?,;\"<>[]\\^`{|}$\x7fä€🎸"))
-        == "Az09_-.*!'()%20%09%0A%7E%2B%26%3D%25%23%40%2F%3A%3F%2C%3B%22%3C%3E%5B%5D%5C%5E%60%7B%7C%7D%24%7F"
-           "%C3%A4%E2%82%AC%F0%9F%8E%B8");
-}
-
 TEST_CASE ("a redirect leads where a browser goes, token and body not to strangers, and stays encrypted")
 {
     const struct
@@ -46,19 +37,14 @@ TEST_CASE ("a redirect leads where a browser goes, token and body not to strange
         bool keepsToken, keepsBody;
     } table[] = {
         { "https://a.b/c/d?e#f", "", "http://x/y?z#f", "", 301, false, false },
-        { "http://a.b/c/d?e", "", "//x:1/y?z#f", "http://x:1/y?z", 301, false, false },
         { "https://a.b/c/d?e/g", "", "/h?i/../j", "https://a.b/h?i/../j", 302, true, false },
         { "https://a.b/c/d?e/g", "", " h/i:j ", "https://a.b/c/h/i:j", 303, true, false },
         { "https://a.b/c/d?e", "", "?f", "https://a.b/c/d?f", 301, true, false },
-        { "https://a.b/c/d?e#f", "", "#g", "https://a.b/c/d?e", 301, true, false },
         { "https://a.b/c/d/e", "", ".././../../f/.", "https://a.b/f/", 307, true, false },
-        { "https://a.b/c//d/", "", "..", "https://a.b/c//", 301, true, false },
         { "https://a.b?c", "", "d", "https://a.b/d", 301, true, false },
         { "https://a/b", "", "HTTPS://A:443/d", "HTTPS://A:443/d", 308, true, false },
         { "http://a/b", "", "https://a/b", "https://a/b", 307, false, false },
-        { "http://a/b", "", "http://a:81/b", "http://a:81/b", 302, false, false },
         { "http://a/b", "", "http://a@b/", "http://a@b/", 302, false, false },
-        { "http://b/", "", "http://a\\@b/", "http://a\\@b/", 302, false, false },
         { "http://a/b", "", "file:///b", "", 302, false, false },
         { "http://a/b", "x=y", "/c", "http://a/c", 302, true, false },
         { "http://a/b", "x=y", "//b/c", "http://b/c", 303, false, false },

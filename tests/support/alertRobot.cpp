@@ -8,77 +8,44 @@ alertRobot::alertRobot()
 
 alertRobot::~alertRobot()
 {
-    stopTimer();
-
-    if (! answers.empty())
-        FAIL_CHECK ("no box asked for the last " << answers.size() << " answers");
+    CHECK (answers == juce::StringArray());
 }
 
 alertRobot& alertRobot::answer (const juce::String& button)
 {
-    answers.push_back (button);
+    answers.add (button);
     return *this;
-}
-
-juce::StringArray alertRobot::texts() const
-{
-    juce::StringArray result;
-
-    for (auto& shown : boxes)
-        result.add (shown.text);
-
-    return result;
-}
-
-juce::AlertWindow* alertRobot::openBox()
-{
-    return dynamic_cast<juce::AlertWindow*> (
-        juce::ModalComponentManager::getInstance()->getModalComponent (0));
 }
 
 void alertRobot::timerCallback()
 {
-    auto* open = openBox();
+    auto* open =
+        dynamic_cast<juce::AlertWindow*> (juce::ModalComponentManager::getInstance()->getModalComponent (0));
 
-    if (open == nullptr || open == answered.getComponent())
+    if (open == nullptr || open == answered)
         return;
 
     answered = open;
-
-    box shown;
-    shown.title = open->getName();
-    shown.text = open->getDescription().fromFirstOccurrenceOf (shown.title + ". ", false, false);
+    juce::StringArray buttons;
 
     for (auto* child : open->getChildren())
         if (auto* button = dynamic_cast<juce::TextButton*> (child))
-            shown.buttons.add (button->getButtonText());
+            buttons.add (button->getButtonText());
 
-    boxes.push_back (shown);
-    juce::Component::SafePointer<juce::AlertWindow> stillOpen (open);
+    const auto isQuestion = buttons != juce::StringArray ("Ok");
+    const auto choice = isQuestion ? " [" + buttons.joinIntoString ("|") + "]" : juce::String();
+    CHECK (open->getName() == "Klangora 4");
+    shown.add (open->getDescription().fromFirstOccurrenceOf (". ", false, false) + choice);
+    juce::NullCheckedInvocation::invoke (whileOpen);
 
-    if (whileOpen != nullptr)
-        whileOpen (*open);
-
-    if (stillOpen == nullptr)
+    if (answered == nullptr)
         return;
 
-    auto press = shown.buttons[0];
+    const auto press = isQuestion ? answers[0] : buttons[0];
+    answers.removeRange (0, isQuestion ? 1 : 0);
 
-    if (! answers.empty())
-    {
-        press = answers.front();
-        answers.pop_front();
-    }
-    else if (shown.buttons.size() > 1)
-    {
-        FAIL_CHECK ("unexpected question: " << shown.text);
-    }
+    if (! buttons.contains (press))
+        FAIL_CHECK ("no answer to: " << shown[shown.size() - 1]);
 
-    if (! shown.buttons.contains (press))
-    {
-        FAIL_CHECK ("the box \"" << shown.text << "\" has no button " << press);
-        press = shown.buttons[0];
-    }
-
-    open->triggerButtonClick (press);
+    open->triggerButtonClick (buttons.contains (press) ? press : buttons[0]);
 }

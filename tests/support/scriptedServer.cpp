@@ -129,9 +129,9 @@ scriptedServer& scriptedServer::add (const script::value_type& step)
     return *this;
 }
 
-scriptedServer& scriptedServer::send (const std::string& bytes, const condition& isSlow)
+scriptedServer& scriptedServer::send (const std::string& bytes)
 {
-    return add ([=] { sendAll (bytes, isSlow); });
+    return add ([=] { sendAll (bytes); });
 }
 
 scriptedServer& scriptedServer::waitUntil (const condition& isOver)
@@ -200,19 +200,16 @@ void scriptedServer::run()
     }
 }
 
-void scriptedServer::sendAll (const std::string& bytes, const condition& isSlow) const
+void scriptedServer::sendAll (const std::string& bytes) const
 {
     for (size_t sent = 0; sent < bytes.size();)
     {
-        const auto piece = juce::jmin (bytes.size() - sent, (size_t) 65536);
-        const auto count = ::send ((nativeSocket) client, bytes.data() + sent, (socketSize) piece, noSignal);
+        const auto left = (socketSize) (bytes.size() - sent);
+        const auto count = ::send ((nativeSocket) client, bytes.data() + sent, left, noSignal);
 
         if (count <= 0)
             return; // the client has hung up
 
         sent += (size_t) count;
-
-        if (isSlow())
-            juce::Thread::sleep (10);
     }
 }

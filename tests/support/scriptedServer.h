@@ -50,9 +50,7 @@ public:
         reply(), adds to it. */
     scriptedServer& reply (const std::string& bytes = {});
 
-    /** While `isSlow` holds, no more than 64 kB go every 10 ms. */
-    scriptedServer& send (
-        const std::string& bytes, const condition& isSlow = [] { return false; });
+    scriptedServer& send (const std::string& bytes);
 
     /** Silence until this holds or the client hangs up. */
     scriptedServer& waitUntil (const condition&);
@@ -73,7 +71,7 @@ private:
     using script = std::vector<std::function<void()>>;
 
     void run();
-    void sendAll (const std::string& bytes, const condition& isSlow) const;
+    void sendAll (const std::string& bytes) const;
     scriptedServer& add (const script::value_type&);
 
     juce::StreamingSocket listener;
