@@ -43,37 +43,27 @@ struct accountPage
         page->setVisible (true);
     }
 
-    juce::Button& button (child index) const
+    template <typename Type = juce::Button>
+    Type& get (child index) const
     {
-        return dynamic_cast<juce::Button&> (*page->getChildComponent (index));
-    }
-
-    juce::TextEditor& editor (child index) const
-    {
-        return dynamic_cast<juce::TextEditor&> (*page->getChildComponent (index));
+        return dynamic_cast<Type&> (*page->getChildComponent (index));
     }
 
     void click (child index) const
     {
-        button (index).triggerClick();
+        get (index).triggerClick();
         drainMessages();
     }
 
     /** Replaces the text of an editor, key by key. */
     void type (child index, const juce::String& text) const
     {
-        editor (index).selectAll();
-        editor (index).keyPressed (juce::KeyPress (juce::KeyPress::deleteKey));
+        get<juce::TextEditor> (index).selectAll();
+        get<juce::TextEditor> (index).keyPressed (juce::KeyPress (juce::KeyPress::deleteKey));
 
         for (auto c : text)
-            editor (index).keyPressed ({ (int) c, {}, c });
+            get<juce::TextEditor> (index).keyPressed ({ (int) c, {}, c });
 
-        drainMessages();
-    }
-
-    void pressReturn (child index) const
-    {
-        editor (index).keyPressed (juce::KeyPress (juce::KeyPress::returnKey));
         drainMessages();
     }
 
@@ -102,22 +92,19 @@ TEST_CASE ("an address has a name, an at sign, a host and a point in it")
 TEST_CASE ("a form's button comes alive when its form is filled in properly")
 {
     const accountPage form;
-    const std::pair<child, const char*> creations[] = { { creationAddress, "a@b" },
-                                                        { confirmAddress, "a@b.d" },
-                                                        { creationPassword, "" },
-                                                        { confirmPassword, "X" } };
     form.type (loginPassword, "x");
-    CHECK_FALSE (form.button (loginButton).isEnabled());
+    CHECK_FALSE (form.get (loginButton).isEnabled());
     form.type (loginAddress, "a@b.c");
-    CHECK (form.button (loginButton).isEnabled());
+    CHECK (form.get (loginButton).isEnabled());
 
-    for (auto& [field, wrong] : creations)
-    {
-        form.fillInCreation();
-        CHECK (form.button (creationButton).isEnabled());
-        form.type (field, wrong);
-        CHECK_FALSE (form.button (creationButton).isEnabled());
-    }
+    for (auto field : { creationAddress, confirmAddress, creationPassword, confirmPassword })
+        for (auto* wrong : { "", "other" })
+        {
+            form.fillInCreation();
+            CHECK (form.get (creationButton).isEnabled());
+            form.type (field, wrong);
+            CHECK_FALSE (form.get (creationButton).isEnabled());
+        }
 }
 
 TEST_CASE ("a login is remembered before it is tried, and once more when the dialog answers the integer 1")
@@ -140,21 +127,24 @@ TEST_CASE ("a login is remembered before it is tried, and once more when the dia
         const auto file = form.installation.write ("rememberme.txt", "an earlier login");
         form.dialog.answer = [&] (const juce::String&) {
             CHECK (form.isRemembered() == row.before);
-            CHECK (form.button (loginButton).isDown());
+            CHECK (form.get (loginButton).isDown());
             file.deleteFile();
             return row.answer;
         };
 
-        form.button (rememberToggle).setToggleState (row.on, juce::dontSendNotification);
+        form.get (rememberToggle).setToggleState (row.on, juce::dontSendNotification);
         form.type (loginAddress, row.address);
         form.type (loginPassword, row.password);
-        form.pressReturn (loginAddress); // moves on, no more
-        form.pressReturn (loginPassword);
+
+        for (auto field : { loginAddress, loginPassword }) // the first only moves on
+            form.get<juce::TextEditor> (field).keyPressed (juce::KeyPress (juce::KeyPress::returnKey));
+
+        drainMessages();
 
         const auto call = "POST auth | " + juce::String (row.address) + " | " + row.password;
         CHECK (form.dialog.calls == juce::StringArray{ call });
         CHECK (form.isRemembered() == row.after);
-        CHECK_FALSE (form.button (loginButton).isDown());
+        CHECK_FALSE (form.get (loginButton).isDown());
     }
 }
 
@@ -164,10 +154,9 @@ TEST_CASE ("the page opens with the remembered login; its toggle warns, and forg
     const auto file =
         form.installation.write ("rememberme.txt", "16.VBCyImenEXYEEhUHdWTFNB\n16.HBy6dSNsNccdfamSrJRFNB\n");
     form.open();
-    CHECK (form.button (loginButton).isEnabled());
-    CHECK (form.editor (loginAddress).getText() == "me@example.org");
-    CHECK (form.editor (loginPassword).getText() == "secret&1");
-    CHECK (form.robot.texts().isEmpty());
+    CHECK (form.get (loginButton).isEnabled());
+    CHECK (form.get<juce::TextEditor> (loginAddress).getText() == "me@example.org");
+    CHECK (form.get<juce::TextEditor> (loginPassword).getText() == "secret&1");
 
     form.click (rememberToggle);
     CHECK_FALSE (file.existsAsFile());
@@ -182,7 +171,7 @@ TEST_CASE ("a new account is logged on at once; one that was refused is reported
     {
         accountPage form;
         form.dialog.answer = [&] (const juce::String&) {
-            CHECK (form.button (creationButton).isDown());
+            CHECK (form.get (creationButton).isDown());
             return isCreated ? juce::var (1) : juce::var();
         };
         form.fillInCreation();
@@ -203,7 +192,7 @@ TEST_CASE ("the page may be gone when a request or a box returns")
     for (auto button : { loginButton, creationButton, rememberToggle })
     {
         form.open();
-        form.button (button).setEnabled (true);
+        form.get (button).setEnabled (true);
         form.dialog.answer = [&] (const juce::String&) {
             form.page.reset();
             return 1;

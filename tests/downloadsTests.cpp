@@ -235,7 +235,6 @@ TEST_CASE ("the user may quit when the catalogue fails, when an item is misplace
     std::optional<downloadsPage> test (std::in_place);
     test->whileListing = [] { showAttention ("failed"); };
     CHECK (test->run (true) == juce::StringArray{ "failed" });
-
     test.emplace().add ("Amp", "../amp.bin");
     CHECK (test->run (true)[0].startsWith ("Failed to write file:\n"));
 

@@ -74,25 +74,6 @@ TEST_CASE ("without a good picture the background is plain and dark; a good one 
     CHECK (look.getSkinBackground().isValid());
 }
 
-TEST_CASE ("wrapped text loses nothing and no line is too wide")
-{
-    const juce::Font font (15.0f);
-    const auto path = juce::String::repeatedString ("Folder/", 40);
-
-    for (auto width : { 1.0f, 60.0f, 200.0f })
-    {
-        const auto text = "x " + path + "\ty  z";
-        const auto lines = wrapText (text, font, width);
-        CHECK (lines.joinIntoString ({}).removeCharacters (" ") == text.removeCharacters (" \t"));
-
-        for (auto& line : lines)
-            CHECK ((line.length() <= 1 || font.getStringWidthFloat (line) <= width));
-    }
-
-    CHECK (wrapText ("a\n\nb", font, 100.0f) == juce::StringArray{ "a", "", "b" });
-    CHECK (wrapText (path, font, 200.0f)[0].endsWithChar ('/'));
-}
-
 TEST_CASE ("a message box fits the screen, shows its buttons, and cuts only with an ellipsis")
 {
     lookAndFeelKlangora::install();
@@ -111,18 +92,17 @@ TEST_CASE ("a message box fits the screen, shows its buttons, and cuts only with
         CHECK (text == (message.length() <= 2000 ? message : shortened));
         CHECK (screen.contains (box->getBounds()));
 
+        // Nothing bright lies in the margins, nor between the text and the buttons.
         const auto picture = box->createComponentSnapshot (box->getLocalBounds());
         const auto isDark = [&] (int x, int y) { return picture.getPixelAt (x, y).getBrightness() < 0.4f; };
-        auto buttonTop = box->getHeight();
+        const auto buttonTop = box->getChildComponent (0)->getY();
 
-        for (auto* child : box->getChildren())
-            if (dynamic_cast<juce::TextButton*> (child) != nullptr)
-                buttonTop = juce::jmin (buttonTop, child->getY());
-
-        for (int x = 4; x < box->getWidth() - 4; ++x) // no text above the margin or down to the buttons
+        for (int x = 4; x < box->getWidth() - 4; ++x)
             REQUIRE ((isDark (x, 10) && isDark (x, buttonTop - 8)));
 
         for (int y = 4; y < box->getHeight() - 4; ++y)
             REQUIRE ((isDark (10, y) && isDark (box->getWidth() - 10, y)));
     }
+
+    CHECK (wrapText ("a\n\nb c", juce::Font (15.0f), 10.0f) == juce::StringArray{ "a", "", "b", "c" });
 }

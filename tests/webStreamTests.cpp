@@ -113,18 +113,15 @@ TEST_CASE ("a request goes out as it is told, with its token in one line")
     }
 }
 
-TEST_CASE ("an address that nobody answers gives no stream")
+TEST_CASE ("nothing but the web is spoken to, and a reply cut in its headers is none")
 {
+    CHECK (ask ("file:///etc/passwd").stream == nullptr);
+    CHECK (ask ("http://no.such.host.invalid/").stream == nullptr);
+
     scriptedServer server;
-    server.reply().reply().reset();
-
-    for (auto& address : juce::StringArray ("", "http://127.0.0.1:1/", "http://no.such.host.invalid/",
-                                            "file:///etc/passwd", server.origin(), server.origin()))
-        CHECK (ask (address, "a=b").stream == nullptr);
-
     server.reply ("HTTP/1.1 200 OK\r\nContent-Le").reset();
-    const auto cutInHeaders = ask (server.origin(), "a=b"); // Wine makes an empty body of it
-    CHECK ((cutInHeaders.stream == nullptr || bodyOf (cutInHeaders).empty()));
+    const auto cut = ask (server.origin(), "a=b"); // Wine makes an empty body of it
+    CHECK ((cut.stream == nullptr || bodyOf (cut).empty()));
 }
 
 TEST_CASE ("status, headers and body are read to their end, however they come")
@@ -136,11 +133,9 @@ TEST_CASE ("status, headers and body are read to their end, however they come")
         { "200 OK\r\nContent-Type: a/b\r\nContent-Length: 8", "whole", "whole" }, // cut
         { "200\r\ncontent-length:3\r\nCONTENT-TYPE:  a/b ", "whole", "who" },
         { "500 x\r\nContent-Length: 9000000000000000000\r\nX: y\r\nContent-Type:a/b", "whole", "whole" },
-        { "401 x\r\nContent-Type: a/b\r\nWWW-Authenticate: Basic", "to the end", "to the end" },
         { "404 x\r\ncontent-type: a/b\r\nTransfer-Encoding: chunked\r\nContent-Length: 50",
           "5\r\nwhole\r\n1\r\n!\r\n0\r\n\r\n", "whole!" },
         { "200 OK\r\nTransfer-Encoding: chunked\r\nContent-Type: a/b", "5\r\nwhole\r\n9\r\ncut", "wholecut" },
-        { "204 x\r\nContent-Type: a/b", "", "" },
     };
 
     for (auto& row : table)
