@@ -2,20 +2,12 @@
 #include "net/storeAddress.h"
 #include <algorithm>
 #include <catch2/catch.hpp>
+#include <csignal>
 
 #if JUCE_WINDOWS
     #include <winsock2.h>
-using nativeSocket = SOCKET;
-using socketSize = int;
-static constexpr int noSignal = 0, bothWays = SD_BOTH;
 #else
-    #include <sys/select.h>
     #include <sys/socket.h>
-    #include <unistd.h>
-using nativeSocket = int;
-using socketSize = size_t;
-static constexpr int noSignal = MSG_NOSIGNAL, bothWays = SHUT_RDWR;
-static constexpr auto closesocket = ::close;
 #endif
 
 static std::vector<const scriptedServer*> servers; // the living ones
@@ -61,22 +53,16 @@ std::string okReply (const std::string& body, const std::string& contentType)
 }
 
 //==============================================================================
-/** Waits a little, or until bytes or the client's end have come. */
-static bool isReadable (int socket)
-{
-    fd_set set;
-    FD_ZERO (&set);
-    FD_SET ((nativeSocket) socket, &set);
-    timeval wait{ 0, 10000 };
-    return select (socket + 1, &set, nullptr, nullptr, &wait) > 0;
-}
-
-/** Appends what has come; false when the client has hung up. */
-static bool receive (int socket, std::string& bytes)
+/** Appends what comes within a moment; false when the client has hung up. */
+static bool receive (juce::StreamingSocket& socket, std::string& bytes)
 {
     char piece[65536];
-    const auto count = recv ((nativeSocket) socket, piece, sizeof (piece), 0);
-    bytes.append (piece, (size_t) juce::jmax (0, (int) count));
+
+    if (socket.waitUntilReady (true, 10) == 0)
+        return true;
+
+    const auto count = socket.read (piece, (int) sizeof (piece), false);
+    bytes.append (piece, (size_t) juce::jmax (0, count));
     return count > 0;
 }
 
@@ -90,6 +76,7 @@ scriptedServer::scriptedServer()
 {
 #if ! JUCE_WINDOWS
     setenv ("no_proxy", "127.0.0.1", 1); // libcurl takes the proxy from the environment
+    std::signal (SIGPIPE, SIG_IGN);      // a client may hang up at any time
 #endif
 
     REQUIRE (listener.createListener (0, "127.0.0.1"));
@@ -101,12 +88,6 @@ scriptedServer::scriptedServer()
 scriptedServer::~scriptedServer()
 {
     stopping = true;
-
-    {
-        const std::lock_guard<std::mutex> guard (lock);
-        shutdown ((nativeSocket) client, bothWays); // no longer waits for the client to send or to read
-    }
-
     thread.join();
     servers.erase (std::find (servers.begin(), servers.end(), this));
     CHECK (received.size() == replies.size());
@@ -131,15 +112,27 @@ scriptedServer& scriptedServer::add (const script::value_type& step)
 
 scriptedServer& scriptedServer::send (const std::string& bytes)
 {
-    return add ([=] { sendAll (bytes); });
+    return add ([=] {
+        for (size_t sent = 0; sent < bytes.size() && ! stopping;)
+        {
+            if (client->waitUntilReady (false, 10) == 0)
+                continue;
+
+            const auto count = client->write (bytes.data() + sent, (int) (bytes.size() - sent));
+
+            if (count <= 0)
+                return; // the client has hung up
+
+            sent += (size_t) count;
+        }
+    });
 }
 
 scriptedServer& scriptedServer::waitUntil (const condition& isOver)
 {
     return add ([=] {
-        for (std::string ignored; ! isOver() && ! stopping;)
-            if (isReadable (client) && ! receive (client, ignored))
-                return;
+        for (std::string ignored; ! isOver() && ! stopping && receive (*client, ignored);)
+        {}
     });
 }
 
@@ -156,8 +149,8 @@ scriptedServer& scriptedServer::reset()
 {
     return add ([this] {
         const linger atOnce{ 1, 0 };
-        setsockopt ((nativeSocket) client, SOL_SOCKET, SO_LINGER, reinterpret_cast<const char*> (&atOnce),
-                    sizeof (atOnce));
+        setsockopt ((decltype (socket (0, 0, 0))) client->getRawSocketHandle(), SOL_SOCKET, SO_LINGER,
+                    reinterpret_cast<const char*> (&atOnce), sizeof (atOnce));
     });
 }
 
@@ -175,16 +168,13 @@ void scriptedServer::run()
         if (listener.waitUntilReady (true, 10) != 1)
             continue;
 
-        std::unique_lock<std::mutex> guard (lock);
-        client = (int) accept ((nativeSocket) listener.getRawSocketHandle(), nullptr, nullptr);
-        guard.unlock();
+        client.reset (listener.waitForNextConnection());
         recordedRequest request;
 
-        while (! stopping && ! isComplete (request)
-               && (! isReadable (client) || receive (client, request.bytes)))
+        while (! stopping && ! isComplete (request) && receive (*client, request.bytes))
         {}
 
-        guard.lock();
+        std::unique_lock<std::mutex> guard (lock);
         received.push_back (request);
         const auto number = received.size();
         const auto todo = number > replies.size() ? script() : std::move (replies[number - 1]);
@@ -194,22 +184,6 @@ void scriptedServer::run()
             if (! stopping)
                 step();
 
-        guard.lock();
-        closesocket ((nativeSocket) client);
-        client = -1;
-    }
-}
-
-void scriptedServer::sendAll (const std::string& bytes) const
-{
-    for (size_t sent = 0; sent < bytes.size();)
-    {
-        const auto left = (socketSize) (bytes.size() - sent);
-        const auto count = ::send ((nativeSocket) client, bytes.data() + sent, left, noSignal);
-
-        if (count <= 0)
-            return; // the client has hung up
-
-        sent += (size_t) count;
+        client.reset();
     }
 }

@@ -71,14 +71,13 @@ private:
     using script = std::vector<std::function<void()>>;
 
     void run();
-    void sendAll (const std::string& bytes) const;
     scriptedServer& add (const script::value_type&);
 
     juce::StreamingSocket listener;
     juce::String address;
 
-    mutable std::mutex lock; // guards what follows up to the flag; a running reply uses the client without it
-    int client = -1;
+    std::unique_ptr<juce::StreamingSocket> client; // used by the thread alone
+    mutable std::mutex lock;                       // guards what follows up to the flag
     std::vector<script> replies;
     std::vector<recordedRequest> received;
     std::atomic<bool> stopping{ false };
