@@ -7,12 +7,11 @@ TEST_CASE ("bytes from outside become valid text up to their first zero byte")
     const std::pair<std::string, std::string> cases[] = {
         { "\xef\xbb\xbf Größe € 🎸 \xf4\x8f\xbf\xbf", "\xef\xbb\xbf Größe € 🎸 \xf4\x8f\xbf\xbf" },
         { std::string ("before\0after", 12), "before" },
-        { "f\xfcr 5\x80", "für 5€" },                              // Windows-1252
-        { "a\xc0\xaf\xe0\x80\xaf", "aÀ¯à€¯" },                     // overlong
-        { "\xed\xa0\x80", "í\xc2\xa0€" },                          // a surrogate
-        { "\xf4\x90\xa0\xa1 \xf5\xbf\xff", "ô\x07\xc2\xa0¡ õ¿ÿ" }, // above U+10FFFF
-        { "cut \xf0\x9f\x8e", "cut ðŸŽ" },                         // at the end of the bytes
-        { std::string ("cut \xe2\0\x82", 7), "cut â" },            // at the zero byte
+        { "f\xfcr 5\x80", "für 5€" },                   // Windows-1252
+        { "a\xc0\xaf\xe0\x80\xaf", "aÀ¯à€¯" },          // overlong
+        { "\xed\xa0\x80", "í\xc2\xa0€" },               // a surrogate
+        { "cut \xf0\x9f\x8e", "cut ðŸŽ" },              // at the end of the bytes
+        { std::string ("cut \xe2\0\x82", 7), "cut â" }, // at the zero byte
     };
 
     for (auto& [bytes, valid] : cases)
@@ -51,7 +50,6 @@ TEST_CASE ("the keystream is Blowfish's, block by block, in little-endian order"
 TEST_CASE ("texts have fixed printable forms, and what cannot be one gives no text")
 {
     const std::pair<const char*, const char*> cases[] = {
-        { "", "8.6WEirFHvnYN" },
         { "7 bytes", "8.LWm6UWeoaXN" },
         { "8 bytes!", "16.CWm6UWeoabbdfamSrJRFNB" },
         { "pä$$wörd € 🎸", "24.KZIJHV5sqB0BDZEqt3XN9MA0kzOnTm6f" },

@@ -59,7 +59,6 @@ TEST_CASE ("the service's answers decide on a log-on and on a new account")
           false,
           { "wrong it is" } },
         { "POST auth", "<r><SessionToken>x</SessionToken></r>", false, { unspecified } },
-        { "POST auth", "<r><x><sessiontoken>deep</sessiontoken></x></r>", false, { unspecified } },
         { "POST auth", "", false, { noData } },
         { "POST create", "<r><status>success</status><status>2</status></r>", true, { unspecified } },
         { "POST create", "<r><status> success</status><message>Hm.</message></r>", false, { "Hm." } },

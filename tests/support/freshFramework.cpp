@@ -24,21 +24,17 @@ std::unique_ptr<juce::ScopedJuceInitialiser_GUI> framework;
 juce::File settingsFolder;
 }
 
-/** An archive reader is opened once in its life, and these live as long as the process. */
-template <typename Reader>
-static void renew (Reader& reader)
-{
-    reader.~Reader();
-    new (&reader) Reader();
-}
-
 void forgetInstallation()
 {
     installationFolder.clear();
     registryKeyPath.clear();
     guiDataSource = nullptr;
-    renew (guiFolderSource);
-    renew (guiArchiveSource);
+
+    // A reader is opened once in its life, and these live as long as the process.
+    std::destroy_at (&guiFolderSource);
+    std::destroy_at (&guiArchiveSource);
+    new (&guiFolderSource) jSimpleArchiveDirectory();
+    new (&guiArchiveSource) jSimpleArchive();
 }
 
 void startFramework()
