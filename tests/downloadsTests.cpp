@@ -23,10 +23,7 @@ struct downloadsPage : genericlistener
     std::unique_ptr<store_downloads> page = std::make_unique<store_downloads> (*this);
 
     juce::Button& button() const { return dynamic_cast<juce::Button&> (*page->getChildComponent (1)); }
-    juce::String status() const
-    {
-        return dynamic_cast<juce::Label&> (*page->getChildComponent (3)).getText();
-    }
+    juce::Label& status() const { return dynamic_cast<juce::Label&> (*page->getChildComponent (3)); }
 
     void add (const juce::String& name, const juce::String& target,
               const juce::String& requirement = "000000")
@@ -63,8 +60,7 @@ struct downloadsPage : genericlistener
     void handleMessage (const juce::String& text, const juce::var&, const juce::var&,
                         const juce::var&) override
     {
-        CHECK (text == "list");
-        CHECK_FALSE (button().isEnabled());
+        CHECK ((text == "list" && ! button().isEnabled()));
         ++lists;
         juce::NullCheckedInvocation::invoke (whileListing);
     }
@@ -73,7 +69,7 @@ struct downloadsPage : genericlistener
                              const juce::var&) override
     {
         if (text == "dl_url" || text == "dl_auth")
-            statusLines.add (status());
+            statusLines.add (status().getText());
 
         if (text == "dl_total")
             return items.size();
@@ -108,11 +104,9 @@ TEST_CASE ("each reply is stored, discarded or shown as a refusal")
     } cases[] = {
         { {}, zero },
         { binary ({}, "hello"), zero },
-        { binary ("Content-Length: 0\r\n", {}), zero },
         { binary ("Content-Length: 4294967301\r\n", "hello"), zero },
         { binary (chunked, {}), zero },
         { ok + "Content-Type: text/html\r\n" + chunked + "\r\n", zero },
-        { okReply ("\0"s, "text/html"), zero },
         { moved, zero, 5 },
         { ok + "Content-Length: 5\r\n\r\nhello", untyped },
         { replyWith ("403 Forbidden", "Content-Type: text/html\r\n", "<p>Expiréd \xe9</p>"),
@@ -152,8 +146,9 @@ TEST_CASE ("each reply is stored, discarded or shown as a refusal")
             CHECK (boxes.size() == (boxes[0].startsWith ("Error") && ! quits ? 2 : 1));
             CHECK (file.loadFileAsString() == (boxes[0] == juce::String (stored) ? "hello" : "old"));
             CHECK (test.installation.files() == juce::StringArray{ "item.bin" });
-            CHECK (test.server.requests()[0].line() == "GET /Amp?a&b=&c=%20 HTTP/1.1");
-            CHECK (test.server.requests()[0].header ("Authorization") == "the token");
+            const auto request = test.server.requests()[0];
+            CHECK (request.line() + request.header ("Authorization")
+                   == "GET /Amp?a&b=&c=%20 HTTP/1.1the token");
         }
 }
 
@@ -206,8 +201,7 @@ TEST_CASE ("a run goes through all outcomes and sums them up, and the next one f
                notWritten + "folder", notWritten + "../out.sa",
                "Failed to save file(s): " + root + "cut.sa, " + root + "folder, " + root + "../out.sa",
                have + "A, B", outOfDate, current ("2") });
-    CHECK (test.statusLines[1] == "File 1/8 - A ");
-    CHECK (test.statusLines[2] == "File 1/8 - A 100%");
+    CHECK (test.statusLines[1] + test.statusLines[2] == "File 1/8 - A File 1/8 - A 100%");
     CHECK (test.installation.files()
            == juce::StringArray{ "b", "current/buildnumber.txt", "folder/keep.txt", "new/a.sa" });
 
@@ -217,7 +211,7 @@ TEST_CASE ("a run goes through all outcomes and sums them up, and the next one f
     CHECK (test.run() == juce::StringArray{ have + "Cut", outOfDate, current ("4") });
 
     test.items.clear();
-    CHECK ((test.run().isEmpty() && test.status().isEmpty()));
+    CHECK ((test.run().isEmpty() && test.status().getText().isEmpty()));
 
     while (test.items.size() < 10000)
         test.add ("Old", "current");

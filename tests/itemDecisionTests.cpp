@@ -18,7 +18,7 @@ TEST_CASE ("an item is current up to the build that is installed at its target")
         return decide (build, target) == itemDecision::current
                && decide (build + 1, target) == itemDecision::needed;
     };
-    const auto archiveOf = [] (const std::string& build, juce::uint32 version) {
+    const auto archiveOf = [] (const char* build, juce::uint32 version) {
         return archiveWriter{ version, { { "other", "99" }, { "buildnumber.txt", build, true } } }.write();
     };
     CHECK (decide (-1, target) == itemDecision::needed);
@@ -39,12 +39,8 @@ TEST_CASE ("an item is current up to the build that is installed at its target")
     // A folder wins over both, and its text may hold anything.
     REQUIRE ((juce::File (target).deleteFile() && juce::File (target).createDirectory().wasOk()));
     CHECK (isInstalled (0));
-    for (auto& [text, build] :
-         { std::pair<std::string, int> (" \t12abc\n", 12), { "-3", -3 }, { "4\xff", 4 } })
-    {
-        installation.write ("item/buildnumber.txt", juce::MemoryBlock (text.data(), text.size()));
-        CHECK (isInstalled (build));
-    }
+    installation.write ("item/buildnumber.txt", " \t-12abc\n");
+    CHECK (isInstalled (-12));
 }
 
 TEST_CASE ("an item is held against the program's date first, then against the installation folder")

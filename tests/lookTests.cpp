@@ -28,23 +28,6 @@ struct interfaceData : temporaryInstallation
     jSimpleArchiveDirectory source;
 };
 
-TEST_CASE ("a picture's name may leave out its extension, and a jpg wins over a png")
-{
-    interfaceData data;
-    int width = 20;
-
-    for (auto* name : { "a.jpg", "b.png", "c.png", "c.jpg", "d.jpg.png", "bare" })
-        data.write (name, encode ({ juce::Image::RGB, width++, 20, true }));
-
-    const std::pair<const char*, int> widths[] = {
-        // 0: no picture
-        { "a.jpg", 20 }, { "a", 20 }, { "b", 21 }, { "b.jpg", 0 }, { "c", 23 }, { "d.jpg", 0 }, { "bare", 25 }
-    };
-
-    for (auto& [name, expected] : widths)
-        CHECK (lookAndFeelKlangora::loadPicture (data.source, name).getWidth() == expected);
-}
-
 TEST_CASE ("without a good picture the background is plain and dark; a good one is loaded once")
 {
     const juce::Component component;
@@ -92,16 +75,11 @@ TEST_CASE ("a message box fits the screen, shows its buttons, and cuts only with
         CHECK (text == (message.length() <= 2000 ? message : shortened));
         CHECK (screen.contains (box->getBounds()));
 
-        // Nothing bright lies in the margins, nor between the text and the buttons.
         const auto picture = box->createComponentSnapshot (box->getLocalBounds());
-        const auto isDark = [&] (int x, int y) { return picture.getPixelAt (x, y).getBrightness() < 0.4f; };
         const auto buttonTop = box->getChildComponent (0)->getY();
 
-        for (int x = 4; x < box->getWidth() - 4; ++x)
-            REQUIRE ((isDark (x, 10) && isDark (x, buttonTop - 8)));
-
-        for (int y = 4; y < box->getHeight() - 4; ++y)
-            REQUIRE ((isDark (10, y) && isDark (box->getWidth() - 10, y)));
+        for (int x = 4; x < box->getWidth() - 4; ++x) // nothing bright between the text and the buttons
+            REQUIRE (picture.getPixelAt (x, buttonTop - 8).getBrightness() < 0.4f);
     }
 
     CHECK (wrapText ("a\n\nb c", juce::Font (15.0f), 10.0f) == juce::StringArray{ "a", "", "b", "c" });

@@ -9,26 +9,19 @@
 static const auto valuePath =
     juce::String ("HKEY_LOCAL_MACHINE\\SOFTWARE\\Dorvik Electronics\\Klangora 4\\InstallationDir");
 
+static void setRegistryValue (const juce::String& value)
+{
 #if JUCE_WINDOWS
-
-static void setRegistryValue (const juce::String& value)
-{
     REQUIRE (juce::WindowsRegistry::setValue (valuePath, value));
-}
-
 #else
-
-static void setRegistryValue (const juce::String& value)
-{
     juce::PropertiesFile::Options options;
     options.storageFormat = juce::PropertiesFile::storeAsXML;
     const juce::File config (juce::SystemStats::getEnvironmentVariable ("XDG_CONFIG_HOME", {}));
     juce::PropertiesFile settings (config.getChildFile ("Dorvik Electronics/registry.settings"), options);
     settings.setValue (valuePath, value);
     REQUIRE (settings.save());
-}
-
 #endif
+}
 
 /** The boxes that a start shows when the registry holds `folder`. */
 static juce::StringArray boxesAtStart (const juce::String& folder)
@@ -42,12 +35,12 @@ static juce::StringArray boxesAtStart (const juce::String& folder)
     return robot.texts();
 }
 
-static const juce::String pathMissing ("Installation path missing in registry. Please reinstall!");
 static const juce::String dataMissing ("GUI data could not be found. Please reinstall!");
 
 TEST_CASE ("an empty registry value is reported, and searched again by the next call")
 {
-    CHECK (boxesAtStart ({}) == juce::StringArray{ pathMissing });
+    CHECK (boxesAtStart ({})
+           == juce::StringArray{ "Installation path missing in registry. Please reinstall!" });
     CHECK (installationFolder.isEmpty());
 
     const temporaryInstallation installation;

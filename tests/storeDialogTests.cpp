@@ -8,6 +8,8 @@
 #include "ui/busyCursor.h"
 #include <catch2/catch.hpp>
 
+using namespace std::string_literals;
+
 namespace
 {
 const juce::String noData (
@@ -76,6 +78,13 @@ TEST_CASE ("the service's answers decide on a log-on and on a new account")
         CHECK (store.ask (request, "me+1@x.org", "a&b")
                    .equalsWithSameType (isSuccess ? juce::var (1) : juce::var()));
         CHECK (store.newBoxes() == boxes);
+        const auto sent = store.server.requests().back();
+        CHECK (
+            sent.line()
+            == (request == "POST auth" ? "POST /api/auth.cfm HTTP/1.1" : "POST /api/register.cfm HTTP/1.1"));
+        CHECK (sent.body()
+               == (request == "POST auth" ? "emailaddr=" : "email=") + "me%2B1%40x.org&password=a%26b"s);
+        CHECK (sent.header ("Authorization").empty());
 
         // Both requests end the earlier login, and only one of them begins another.
         const auto loggedOn = isSuccess && request == "POST auth";
@@ -91,39 +100,32 @@ TEST_CASE ("the catalogue is handed out item by item, and is empty after a failu
 {
     openStore store;
     const auto item = [&] (int index) {
-        return store.ask ("dl_url", index).toString() + "|" + store.ask ("dl_target", index).toString() + "|"
-               + store.ask ("dl_name", index).toString() + "|"
-               + store.ask ("dl_buildnumber", index).toString() + "|"
-               + store.ask ("dl_bdr", index).toString();
+        juce::StringArray fields;
+
+        for (auto* request : { "dl_url", "dl_target", "dl_name", "dl_buildnumber", "dl_bdr" })
+            fields.add (store.ask (request, index));
+
+        return fields.joinIntoString ("|");
     };
     const auto catalogue =
         okReply ("<r><downloadable url=\"u?a&amp;b\" target=\"d/f.sa\" name=\"n\"/><downloadable url=\"x\"/>"
                  "<downloadable url=\"v\" target=\"g\" name=\"m\" buildnumber=\"7\""
                  " builddaterequirement=\"150406\"/></r>");
-    const juce::String returnsError (
-        "License server returns an error when trying to get list of downloadable items:\n\n");
-    const std::pair<const char*, juce::StringArray> failures[] = {
-        { "<r error=\"Broken.\"/>", { returnsError + "Broken." } },
-        { "<r status=\"failure\" message=\"Down.\"/>", { returnsError + "Down." } },
-        { "",
-          { noData,
-            "License server did not return a proper list of downloadable items, and did not provide an "
-            "error message." } },
-        { "<r/>", {} },
-    };
-
-    for (auto& [failure, boxes] : failures)
-    {
-        store.server.reply (catalogue).reply (okReply (failure));
-        store.list();
-        CHECK (store.ask ("dl_total").equalsWithSameType (2));
-        CHECK (item (0) == "u?a&b|" + installationFolder + "/d/f.sa|n|-1|000000");
-        CHECK (item (1) == "v|" + installationFolder + "/g|m|7|150406");
-        CHECK (item (-1) + item (2) == "||||000000||||000000");
-        store.list();
-        CHECK (store.newBoxes() == boxes);
-        CHECK (store.ask ("dl_total").equalsWithSameType (0));
-    }
+    store.server.reply (catalogue).reply (okReply ("<r error=\"Broken.\"/>")).reply (okReply (""));
+    store.list();
+    CHECK (store.ask ("dl_total").equalsWithSameType (2));
+    CHECK (item (0) == "u?a&b|" + installationFolder + "/d/f.sa|n|-1|000000");
+    CHECK (item (1) == "v|" + installationFolder + "/g|m|7|150406");
+    CHECK (item (-1) + item (2) == "||||000000||||000000");
+    store.list();
+    CHECK (store.ask ("dl_total").equalsWithSameType (0));
+    store.list();
+    CHECK (store.newBoxes()
+           == juce::StringArray{
+               "License server returns an error when trying to get list of downloadable items:\n\nBroken.",
+               noData,
+               "License server did not return a proper list of downloadable items, and did not provide an "
+               "error message." });
 }
 
 TEST_CASE ("of two pages shown in quick succession the last one stays, sized to its content and centred")
@@ -132,18 +134,14 @@ TEST_CASE ("of two pages shown in quick succession the last one stays, sized to 
     pages[1].addAndMakeVisible (child);
     child.setBounds (20, 30, 200, 100);
     openStore store;
-    auto& animator = juce::Desktop::getInstance().getAnimator();
 
     for (auto index : { 0, 1, 0, 1 })
         store.dialog.showPage (&pages[index], 30);
 
-    waitFor ("the end of the fades", [&] { return ! animator.isAnimating(); });
-
-    for (auto* shown : store.dialog.getChildren())
-        CHECK (shown->isVisible() == (shown == &pages[1]));
-
+    waitFor ("the end of the fades",
+             [&] { return ! juce::Desktop::getInstance().getAnimator().isAnimating(); });
+    CHECK ((! pages[0].isVisible() && pages[1].isVisible() && pages[1].getAlpha() == 1.0f));
     CHECK (pages[1].getBounds() == juce::Rectangle<int> (230, 170, 240, 160));
-    CHECK (pages[1].getAlpha() == 1.0f);
 }
 
 TEST_CASE ("the dialog may be gone when a message box closes")
@@ -167,6 +165,22 @@ TEST_CASE ("quitting is asked for, once at a time")
     CHECK (store.isOpen == nullptr);
 }
 
+TEST_CASE ("the focus comes back to its control after a message box")
+{
+    const openStore store;
+    const auto focused = [] { return juce::Component::getCurrentlyFocusedComponent(); };
+    store.dialog.handleMessage ("intro done", {}, {}, {});
+    waitFor ("the first field", [&] { return dynamic_cast<juce::TextEditor*> (focused()) != nullptr; });
+
+    for (int i = 0; i < 12; ++i)
+    {
+        focused()->moveKeyboardFocusToSibling (true);
+        const auto* control = focused();
+        showAttention ("A box.");
+        waitFor ("the focus", [&] { return focused() == control; });
+    }
+}
+
 TEST_CASE ("while the service is silent the wait cursor shows, over what was painted before")
 {
     struct : juce::Component
@@ -184,36 +198,15 @@ TEST_CASE ("while the service is silent the wait cursor shows, over what was pai
     window.painted = false;
     window.repaint();
 
-    store.server.reply().pause (1000).send (acceptedLogin);
     bool cursorShown = false, painted = false;
-    std::thread person ([&] {
-        while (store.server.requests().empty())
-            std::this_thread::yield();
-
+    store.server.reply().waitUntil ([&] {
         cursorShown = busyCursor::isShown();
         painted = window.painted;
+        return true;
     });
     store.ask ("POST auth", "me@x.org", "secret");
-    person.join();
 
     CHECK (cursorShown);
     CHECK (painted);
     CHECK_FALSE (busyCursor::isShown());
-}
-
-TEST_CASE ("the focus comes back to its control after a message box")
-{
-    const openStore store;
-    const auto focused = [] { return juce::Component::getCurrentlyFocusedComponent(); };
-    store.dialog.handleMessage ("intro done", {}, {}, {});
-    waitFor ("the page's first field",
-             [&] { return dynamic_cast<juce::TextEditor*> (focused()) != nullptr; });
-
-    for (int i = 0; i < 12; ++i)
-    {
-        focused()->moveKeyboardFocusToSibling (true);
-        const auto* control = focused();
-        showAttention ("A box.");
-        waitFor ("the focus", [&] { return focused() == control; });
-    }
 }

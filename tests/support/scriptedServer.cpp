@@ -136,15 +136,6 @@ scriptedServer& scriptedServer::waitUntil (const condition& isOver)
     });
 }
 
-scriptedServer& scriptedServer::pause (int milliseconds)
-{
-    return waitUntil ([milliseconds, start = 0.0]() mutable {
-        const auto now = juce::Time::getMillisecondCounterHiRes();
-        start = start > 0 ? start : now;
-        return now >= start + milliseconds;
-    });
-}
-
 scriptedServer& scriptedServer::reset()
 {
     return add ([this] {

@@ -29,7 +29,7 @@ struct recordedRequest
 
         scriptedServer server;
         server.reply (okReply ("<a/>"));
-        server.reply ("HTTP/1.1 200 OK\r\n").pause (50).send ("Content-Length: 9\r\n\r\nhalf").reset();
+        server.reply ("HTTP/1.1 200 OK\r\n").send ("Content-Length: 9\r\n\r\nhalf").reset();
 
     storeAddress() is the origin of the oldest one that lives. */
 class scriptedServer
@@ -55,7 +55,6 @@ public:
     /** Silence until this holds or the client hangs up. */
     scriptedServer& waitUntil (const condition&);
 
-    scriptedServer& pause (int milliseconds);
     scriptedServer& stall()
     {
         return waitUntil ([] { return false; });
