@@ -57,7 +57,6 @@ target_compile_definitions (framework PUBLIC
   JUCE_WEB_BROWSER=0
   JUCE_DISPLAY_SPLASH_SCREEN=0      # allowed by the GPL, under which the product is published
   JUCE_LOAD_CURL_SYMBOLS_LAZILY=0
-  JUCE_USE_XSHM=0                   # with shared memory, "paint now" is ignored while an earlier picture is on its way
   $<IF:$<CONFIG:Debug>,DEBUG=1,NDEBUG=1>
   $<$<CONFIG:Debug>:_DEBUG=1>
   $<$<CONFIG:Debug>:JUCE_LOG_ASSERTIONS=1>)

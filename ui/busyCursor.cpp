@@ -3,6 +3,12 @@
 
 static int depth = 0;
 
+/** Waits until the display has shown what was drawn: its answer to a question comes after all that. */
+static void waitForDisplay()
+{
+    juce::Desktop::getMousePosition();
+}
+
 /** All of them, wholly: where a message box has just closed, the system's word that the window below needs painting
     still waits among the events. */
 static void paintWindows()
@@ -17,16 +23,11 @@ static void paintWindows()
         }
 }
 
-/** What was drawn may still lie in the queue to the display server. Its answer comes after all that. */
-static void waitForDisplay()
-{
-    juce::Desktop::getMousePosition();
-}
-
 busyCursor::busyCursor()
 {
     if (depth++ == 0)
     {
+        waitForDisplay(); // no window is painted while its last picture is on its way
         paintWindows();
         juce::MouseCursor::showWaitCursor();
         waitForDisplay();
