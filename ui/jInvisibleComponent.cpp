@@ -87,12 +87,16 @@ void jInvisibleComponent::compose (float scale)
     combineOver (composed, tintLayer);
 
     shadowed = childrenUnion (*this, false).expanded (1);
-    juce::Path outline;
-    outline.addRectangle (shadowed);
 
     juce::Graphics g (composed);
     g.addTransform (juce::AffineTransform::scale (scale));
-    juce::DropShadow (shadowColour, shadowRadius, { 0, shadowDrop }).drawForPath (g, outline);
+
+    if (! shadowed.contains (getLocalBounds())) // else nothing of the shadow would show
+    {
+        juce::Path outline;
+        outline.addRectangle (shadowed);
+        juce::DropShadow (shadowColour, shadowRadius, { 0, shadowDrop }).drawForPath (g, outline);
+    }
 
     renderBackground();
     g.setOpacity (1.0f);
