@@ -82,27 +82,26 @@ static void openWithLibzip (benchmark::State& state)
         zip_discard (openZip (many));
 }
 
-/** PhysicsFS is one library for the process; it knows a mounted file by its path. */
-static void mountWithPhysicsFs (const juce::File& file)
+/** Mounts the zip file in PhysicsFS, once in a run since that takes so long, and returns the seconds that took. */
+static double mountWithPhysicsFs()
 {
-    if (PHYSFS_isInit() == 0)
-        PHYSFS_init (nullptr);
+    static const auto seconds = [] {
+        const auto path = archivePair::of (many).zipped.getFullPathName();
+        const auto start = juce::Time::getMillisecondCounterHiRes();
 
-    PHYSFS_mount (file.getFullPathName().toRawUTF8(), nullptr, 1);
+        if (PHYSFS_init (nullptr) == 0 || PHYSFS_mount (path.toRawUTF8(), nullptr, 1) == 0)
+            std::abort();
+
+        return (juce::Time::getMillisecondCounterHiRes() - start) / 1000;
+    }();
+
+    return seconds;
 }
 
 static void openWithPhysicsFs (benchmark::State& state)
 {
-    const auto copy = scratchFolder().getChildFile ("copy.zip");
-    archivePair::of (many).zipped.copyFileTo (copy);
-
     for (auto _ : state)
-    {
-        mountWithPhysicsFs (copy);
-
-        if (PHYSFS_unmount (copy.getFullPathName().toRawUTF8()) == 0)
-            state.SkipWithError ("does not mount");
-    }
+        state.SetIterationTime (mountWithPhysicsFs());
 }
 
 /** Every seventh name, or a name beside it that does not exist. */
@@ -148,7 +147,7 @@ static std::function<void (benchmark::State&)> lookUpWithLibzip (bool found)
 static std::function<void (benchmark::State&)> lookUpWithPhysicsFs (bool found)
 {
     return [found] (benchmark::State& state) {
-        mountWithPhysicsFs (archivePair::of (many).zipped);
+        mountWithPhysicsFs();
         const auto names = wantedNames (found);
 
         for (auto _ : state)
@@ -210,7 +209,8 @@ static std::function<void (benchmark::State&)> readFile (bool scrambled)
 static const int registered = [] {
     const figure opening{ "opening an archive of 100,000 entries", "libzip, the same names", 10.0 };
     addFigure (opening, openPacked (many), openWithLibzip);
-    addFigure ({ opening.name, "PhysicsFS, the same names", 0, true }, openPacked (many), openWithPhysicsFs);
+    addFigure ({ opening.name, "PhysicsFS, the same names, once", 0, true }, openPacked (many),
+               openWithPhysicsFs);
 
     for (const auto found : { true, false })
     {

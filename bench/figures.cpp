@@ -103,7 +103,7 @@ void addFigure (const figure& what, const std::function<void (benchmark::State&)
     auto* registered = benchmark::RegisterBenchmark (rows().back().other.c_str(), other);
 
     if (what.otherOnce)
-        registered->Iterations (1)->Repetitions (1);
+        registered->UseManualTime()->Iterations (1)->Repetitions (1);
 }
 
 void addReading (const figure& what, const std::string& unit, const std::function<double()>& ours,

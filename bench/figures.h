@@ -11,7 +11,7 @@ struct figure
     std::string name;
     std::string other; /**< What ours is held against. */
     double reach;      /**< How fast ours has to be, as a multiple of the other's speed; 0: only reported. */
-    bool otherOnce = false; /**< The other takes so long that one measurement has to do. */
+    bool otherOnce = false; /**< The other takes so long that one time has to do, which it tells by itself. */
 };
 
 /** Adds a row with the benchmarks of both ways. Called during static initialisation. */
