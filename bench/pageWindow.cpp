@@ -25,6 +25,8 @@ int main (int argc, char* argv[])
     const juce::ScopedJuceInitialiser_GUI framework;
     const juce::String page (argc > 1 ? argv[1] : "");
     silence dialog;
+
+    // With the framework's title bar: the desktop's is on the screen before the program has painted anything.
     juce::DocumentWindow window ("pageWindow", juce::Colours::white, 0);
 
     if (page.isNotEmpty())
@@ -39,7 +41,6 @@ int main (int argc, char* argv[])
     else
         window.setSize (700, 500);
 
-    window.setUsingNativeTitleBar (true);
     window.centreWithSize (700, 500);
     window.setVisible (true);
     juce::MessageManager::getInstance()->runDispatchLoop();
