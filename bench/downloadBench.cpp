@@ -109,9 +109,9 @@ static const int registered = [] {
     const std::string large = "one item of 512 MiB from a server on this machine to the file";
     const auto ours = [] { return runPage (largeSize, 1).first; };
 
-    addReading ({ large, "curl, which does not wait for the disk", 0 }, "s", ours, withCurl, 3);
+    addReading ({ large, "curl, which does not wait for the disk", 0 }, "s", ours, withCurl, 7);
     addReading ({ large, "the framework's stream into memory, then a checked write", 0.9 }, "s", ours,
-                withFramework, 3);
+                withFramework, 7);
     addReading (
         { "memory during that item", "the item's size and 40 MiB", 1 }, "MiB",
         [] { return runPage (largeSize, 1).second; }, [] { return 512.0 + 40.0; }, 1);
