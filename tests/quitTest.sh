@@ -1,0 +1,51 @@
+#!/usr/bin/env bash
+# Usage: quitTest.sh COMMAND ARGS...
+# COMMAND starts the program. However a person quits it, the process ends by itself with exit code 0. The
+# program's lock is machine-wide: no copy may run meanwhile.
+set -euo pipefail
+
+# shellcheck source=cmake/scripts/person.sh
+source "$(dirname "${BASH_SOURCE[0]}")/../cmake/scripts/person.sh"
+
+settings=$(mktemp -d)
+export XDG_CONFIG_HOME=$settings
+program=
+way=
+trap '[[ -z $program ]] || kill -KILL "$program" 2>/dev/null || true; rm -r "$settings"' EXIT
+
+give_up ()
+{
+  echo "$way: $1" >&2
+  exit 1
+}
+
+# Where there is no installation folder the program starts with a message box.
+is_titled () { [[ $(xdotool getactivewindow getwindowname 2>/dev/null) == "$1" ]]; }
+box_is_open () { is_titled "Klangora 4"; }
+window_is_open () { is_titled "Dorvik Rigmart and Licenses" && window=$(xdotool getactivewindow); }
+first_is_open () { box_is_open || window_is_open; }
+has_ended () { ! kill -0 "$program" 2>/dev/null; }
+
+click_quit () { click_in "$window" 350 -12; }
+tab_to_quit () { press Tab; press space; }
+press_escape () { press Escape; }
+close_window () { press alt+F4; }
+
+for way in click_quit tab_to_quit press_escape close_window; do
+  "$@" &
+  program=$!
+  wait_until "a box or the window" first_is_open
+
+  if box_is_open; then
+    press Return
+    wait_until "the window" window_is_open
+  fi
+
+  wait_until "the first page" is_still "$window"
+  "$way"
+  wait_until "the question" box_is_open
+  press Return
+  wait_until "the end" has_ended
+  wait "$program" || give_up "exit code $?"
+  program=
+done
