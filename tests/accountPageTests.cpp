@@ -9,18 +9,9 @@
 namespace
 {
 /** Places among the page's children. */
-enum child
-{
-    loginButton = 11,
-    loginPassword,
-    loginAddress,
-    creationButton,
-    confirmPassword,
-    creationPassword,
-    confirmAddress,
-    creationAddress,
-    rememberToggle
-};
+constexpr int loginButton = 11, loginPassword = 12, loginAddress = 13, creationButton = 14,
+              confirmPassword = 15, creationPassword = 16, confirmAddress = 17, creationAddress = 18,
+              rememberToggle = 19;
 
 const juce::String warning (
     "Your Username & Password will be stored on the disk of this computer. It will be not be stored in clear "
@@ -44,19 +35,19 @@ struct accountPage
     }
 
     template <typename Type = juce::Button>
-    Type& get (child index) const
+    Type& get (int index) const
     {
         return dynamic_cast<Type&> (*page->getChildComponent (index));
     }
 
-    void click (child index) const
+    void click (int index) const
     {
         get (index).triggerClick();
         drainMessages();
     }
 
     /** Replaces the text of an editor, key by key. */
-    void type (child index, const juce::String& text) const
+    void type (int index, const juce::String& text) const
     {
         get<juce::TextEditor> (index).selectAll();
         get<juce::TextEditor> (index).keyPressed (juce::KeyPress (juce::KeyPress::deleteKey));

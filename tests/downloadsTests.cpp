@@ -139,7 +139,7 @@ TEST_CASE ("each reply is stored, discarded or shown as a refusal")
             if (c.resets)
                 test.server.reset();
             else if (c.stalls)
-                test.server.stall();
+                test.server.waitUntil();
 
             const auto boxes = test.run (quits);
             CHECK (boxes[0].startsWith (juce::String (c.box)));
@@ -229,7 +229,7 @@ TEST_CASE ("the user may quit when the catalogue fails, when an item is misplace
     CHECK (test->run (true)[0].startsWith ("Failed to write file:\n"));
 
     test.emplace().add ("Amp", "amp.bin");
-    test->server.reply (binary ("Content-Length: 9\r\n", "hello")).stall();
+    test->server.reply (binary ("Content-Length: 9\r\n", "hello")).waitUntil();
     test->press();
     test->page.reset();
     drainMessages();

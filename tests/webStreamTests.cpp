@@ -184,9 +184,9 @@ TEST_CASE ("a request never sleeps, and a server silent for 30 seconds, which pa
     REQUIRE (options[CURLOPT_LOW_SPEED_LIMIT] > 0);
 
     hurries = true;
-    server.reply().stall();
+    server.reply().waitUntil();
     CHECK (ask (server.origin(), "a=b").stream == nullptr);
-    server.reply ("HTTP/1.1 200 OK\r\nContent-Length: 50\r\n\r\nhalf").stall();
+    server.reply ("HTTP/1.1 200 OK\r\nContent-Length: 50\r\n\r\nhalf").waitUntil();
     CHECK (bodyOf (ask (server.origin(), "a=b")) == "half");
     hurries = false;
 }

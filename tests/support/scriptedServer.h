@@ -52,13 +52,8 @@ public:
 
     scriptedServer& send (const std::string& bytes);
 
-    /** Silence until this holds or the client hangs up. */
-    scriptedServer& waitUntil (const condition&);
-
-    scriptedServer& stall()
-    {
-        return waitUntil ([] { return false; });
-    }
+    /** Silence until this holds or the client hangs up; without a condition, until then. */
+    scriptedServer& waitUntil (const condition& = [] { return false; });
 
     /** The connection ends torn down (RST) instead of closed (FIN). */
     scriptedServer& reset();
