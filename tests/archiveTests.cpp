@@ -45,7 +45,6 @@ TEST_CASE ("each version is read by its own layout, and scrambling counts from v
 
     for (juce::uint32 version = 1; version <= 4; ++version)
     {
-        CAPTURE (version);
         archiveWriter writer{ version, { { "first.txt", "plain" }, { "b", secret, true } } };
         writer.keyWord = 5172093;
         writer.indexBase = 41927505;
@@ -100,7 +99,6 @@ TEST_CASE ("a cut archive serves what is whole in the file, and no announced num
 
         for (int length = 1; length < (int) whole.getSize(); ++length)
         {
-            CAPTURE (version, length);
             const writtenArchive archive (juce::MemoryBlock (whole.getData(), (size_t) length));
             const auto records = juce::jlimit (0, 2, (length - start) / recordSize);
             const auto data = (size_t) juce::jmax (0, length - start - 2 * recordSize);

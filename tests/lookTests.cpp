@@ -14,20 +14,6 @@ static juce::MemoryBlock encode (const juce::Image& image)
 
 static const auto skinName = juce::String ("generic_background.jpg");
 
-/** Interface data in a folder of its own, in use while this lives. */
-struct interfaceData : temporaryInstallation
-{
-    interfaceData()
-    {
-        source.open (folder.getFullPathName());
-        guiDataSource = &source;
-    }
-
-    ~interfaceData() { guiDataSource = nullptr; }
-
-    jSimpleArchiveDirectory source;
-};
-
 TEST_CASE ("without a good picture the background is plain and dark; a good one is loaded once")
 {
     const juce::Component component;
@@ -42,7 +28,10 @@ TEST_CASE ("without a good picture the background is plain and dark; a good one 
 
     lookAndFeelKlangora look;
     CHECK (isPlain (look)); // no source at all
-    interfaceData data;
+    const temporaryInstallation data;
+    jSimpleArchiveDirectory source;
+    source.open (data.folder.getFullPathName());
+    guiDataSource = &source;
 
     for (auto& bytes : { huge, juce::MemoryBlock (good.getData(), good.getSize() / 2) })
     {
@@ -55,6 +44,7 @@ TEST_CASE ("without a good picture the background is plain and dark; a good one 
     CHECK (look.getSkinBackground().getBounds() == juce::Rectangle<int> (40, 100));
     data.write (skinName, huge);
     CHECK (look.getSkinBackground().isValid());
+    guiDataSource = nullptr;
 }
 
 TEST_CASE ("a message box fits the screen, shows its buttons, and cuts only with an ellipsis")

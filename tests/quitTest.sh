@@ -21,8 +21,9 @@ give_up ()
 
 # Where there is no installation folder the program starts with a message box.
 is_titled () { [[ $(xdotool getactivewindow getwindowname 2>/dev/null) == "$1" ]]; }
-box_is_open () { is_titled "Klangora 4"; }
+box_is_open () { is_titled "Klangora 4" && box=$(xdotool getactivewindow); }
 window_is_open () { is_titled "Dorvik Rigmart and Licenses" && window=$(xdotool getactivewindow); }
+accept_box () { wait_until "the box is painted" is_still "$box" && press Return; }
 first_is_open () { box_is_open || window_is_open; }
 has_ended () { ! kill -0 "$program" 2>/dev/null; }
 
@@ -37,14 +38,14 @@ for way in click_quit tab_to_quit press_escape close_window; do
   wait_until "a box or the window" first_is_open
 
   if box_is_open; then
-    press Return
+    accept_box
     wait_until "the window" window_is_open
   fi
 
   wait_until "the first page" is_still "$window"
   "$way"
   wait_until "the question" box_is_open
-  press Return
+  accept_box
   wait_until "the end" has_ended
   wait "$program" || give_up "exit code $?"
   program=
