@@ -47,5 +47,4 @@ TEST_CASE ("only a path that stays below its folder on every platform is a targe
                "|a/.|...|a./b|a ./b|a/.. /b|a |C:|C:a|C:/a|a:stream|a/b:c|a\nb|a\tb|a\x7f|NUL|nul.sa|a/Con"
                "|aux .txt|com1|x/LPT9.tar.gz|com\xc2\xb9.sa|conin$")
            == "");
-    CHECK_FALSE (isAllowedTarget (""));
 }

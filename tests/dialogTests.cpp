@@ -116,7 +116,6 @@ TEST_CASE ("each pixel of the button bar lights up and presses the right button"
         { one, 300, 299, 0, "Done" },
         { two, 301, 149, 0, "jControl | r1" },
         { two, 301, 150, 1, "jControl | r2" },
-        { three, 300, 99, 0, "jControl | r1" },
         { three, 300, 100, 0, "jControl | r2" },
         { three, 300, 101, 1, "jControl | r2" },
         { three, 300, 200, 1, "jControl | r3" },

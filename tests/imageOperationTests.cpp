@@ -21,7 +21,6 @@ TEST_CASE ("over and tint give the exact premultiplied pixel")
     {
         juce::uint32 colour, under, over, tinted; // the former two not premultiplied
     } cases[] = {
-        { 0x00ffffff, 0xff204060, 0xff204060, 0xff204060 },
         { 0xff204060, 0x80202020, 0xff204060, 0x80102030 },
         { 0x80804020, 0xff102030, 0xff483028, 0xff483028 }, // 0x40 + 0x10 x 127 / 255 = 71.97, rounded
         { 0x80804020, 0x80ffffff, 0xc07f5f4f, 0x805f4f47 },

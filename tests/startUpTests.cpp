@@ -14,12 +14,14 @@ static void setRegistryValue (const juce::String& value)
 #if JUCE_WINDOWS
     REQUIRE (juce::WindowsRegistry::setValue (valuePath, value));
 #else
-    juce::PropertiesFile::Options options;
-    options.storageFormat = juce::PropertiesFile::storeAsXML;
     const juce::File config (juce::SystemStats::getEnvironmentVariable ("XDG_CONFIG_HOME", {}));
-    juce::PropertiesFile settings (config.getChildFile ("Dorvik Electronics/registry.settings"), options);
-    settings.setValue (valuePath, value);
-    REQUIRE (settings.save());
+    const auto file = config.getChildFile ("Dorvik Electronics/registry.settings");
+    juce::XmlElement root ("PROPERTIES");
+    root.createNewChildElement ("VALUE")->setAttribute ("name", valuePath);
+    root.getFirstChildElement()->setAttribute ("val", value);
+    REQUIRE ((file.create().wasOk() && file.replaceWithText ("damaged")));
+    CHECK (getRegistryValue (valuePath).isEmpty());
+    REQUIRE (root.writeTo (file));
 #endif
 }
 

@@ -35,11 +35,8 @@ TEST_CASE ("a redirect leads where a browser goes, token and body not to strange
     } table[] = {
         { "https://a.b/c/d?e#f", "", "http://x/y?z#f", "", 301, false, false },
         { "https://a.b/c/d?e/g", "", "/h?i/../j", "https://a.b/h?i/../j", 302, true, false },
-        { "https://a.b/c/d?e/g", "", " h/i:j ", "https://a.b/c/h/i:j", 303, true, false },
-        { "https://a.b/c/d?e", "", "?f", "https://a.b/c/d?f", 301, true, false },
         { "https://a.b/c/d/e", "", ".././../../f/.", "https://a.b/f/", 307, true, false },
         { "https://a/b", "", "HTTPS://A:443/d", "HTTPS://A:443/d", 308, true, false },
-        { "http://a/b", "", "https://a/b", "https://a/b", 307, false, false },
         { "http://a/b", "", "file:///b", "", 302, false, false },
         { "http://a/b", "x=y", "/c", "http://a/c", 307, true, true },
         { "http://a/b", "x=y", "http://b/c", "", 307, false, false },
