@@ -61,7 +61,8 @@ TEST_CASE ("the framework's decoders survive flipped and random pictures")
             auto flipped = good, fromHereOn = good;
             flipped[i] = (char) (flipped[i] ^ (1 << i % 8));
             decodes (flipped);
-            random.fillBitsRandomly (fromHereOn.begin() + i, fromHereOn.getSize() - i);
+            const auto start = i / 4 * 4; // whole words are written
+            random.fillBitsRandomly (fromHereOn.begin() + start, fromHereOn.getSize() - start);
             decodes (fromHereOn);
         }
     }
