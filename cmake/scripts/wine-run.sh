@@ -13,8 +13,8 @@ if [[ ! -f $WINEPREFIX/made ]]; then
   exit 1
 fi
 
-# No .NET, no HTML engine, and no menu entries on the host.
-export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe="
+# No .NET, no HTML engine, no menu entries on the host, and file names in any language wherever this runs.
+export LC_ALL=C.UTF-8 WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe="
 
 # Wine's server and services start with the first program, which takes a second. They stay for half a minute
 # after the last one, so that programs that follow each other find them. One that runs already is no error.
