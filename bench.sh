@@ -8,14 +8,13 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 
 {
-  cmake/scripts/packages.sh build bench sandbox test
+  scripts/packages.sh build bench sandbox test
 
-  export CMAKE_CXX_COMPILER_LAUNCHER=ccache CMAKE_C_COMPILER_LAUNCHER=ccache
-  cmake --preset linux -DSTORE_URL=https://store.dorvik.example
+  cmake --preset linux
   cmake --build --preset linux --target rigmartBench
 
-  # shellcheck source=cmake/scripts/display.sh
-  source cmake/scripts/display.sh
+  # shellcheck source=scripts/display.sh
+  source scripts/display.sh
   trap stop_display EXIT
   start_display
 } >&2

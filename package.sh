@@ -16,17 +16,16 @@ for argument in "$@"; do
 done
 ((${#presets[@]} > 0)) || presets=(linux windows)
 
-cmake/scripts/packages.sh build package
-export CMAKE_CXX_COMPILER_LAUNCHER=ccache CMAKE_C_COMPILER_LAUNCHER=ccache
+scripts/packages.sh build package
 mkdir -p build/packages
 
 for preset in "${presets[@]}"; do
   if [[ $preset == windows ]]; then
-    cmake/scripts/packages.sh windows
-    cmake/scripts/windows-libs.sh build
+    scripts/packages.sh windows
+    scripts/windows-libs.sh build
   fi
 
-  cmake --preset "$preset" -DSTORE_URL=https://store.dorvik.example
+  cmake --preset "$preset"
   cmake --build --preset "$preset" --target DorvikRigmart
   (cd "build/$preset" && cpack --config CPackConfig.cmake -B "$PWD/packages")
   find "build/$preset/packages" -maxdepth 1 -name 'dorvik-rigmart*' -type f -exec cp {} build/packages/ \;

@@ -27,14 +27,14 @@ for argument in "$@"; do
   esac
 done
 
-cmake/scripts/packages.sh "${groups[@]}"
+scripts/packages.sh "${groups[@]}"
 
 if [[ $tour ]] || ! xprop -root &>/dev/null; then
-  exec cmake/scripts/tour.sh "$platform"
+  exec scripts/tour.sh "$platform"
 fi
 
-# shellcheck source=cmake/scripts/trial.sh
-source cmake/scripts/trial.sh
+# shellcheck source=scripts/trial.sh
+source scripts/trial.sh
 trap end_trial EXIT
 
 account=you@example.com

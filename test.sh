@@ -37,19 +37,18 @@ while (($# > 0)); do
   shift
 done
 
-cmake/scripts/packages.sh "${groups[@]}"
+scripts/packages.sh "${groups[@]}"
 
-# shellcheck source=cmake/scripts/display.sh
-source cmake/scripts/display.sh
+# shellcheck source=scripts/display.sh
+source scripts/display.sh
 trap stop_display EXIT
 start_display
 
-export CMAKE_CXX_COMPILER_LAUNCHER=ccache CMAKE_C_COMPILER_LAUNCHER=ccache
 
 if [[ $lint ]]; then
-  cmake --preset linux -DSTORE_URL=https://store.dorvik.example
+  cmake --preset linux
   cmake --build --preset linux    # for the generated sources, and the analysis wants code that compiles
-  cmake/scripts/lint.sh
+  scripts/lint.sh
 fi
 
 if ((fuzz_seconds > 0)); then
@@ -76,11 +75,11 @@ fi
 
 for preset in "${presets[@]}"; do
   if [[ $preset == windows ]]; then
-    cmake/scripts/windows-libs.sh build
-    cmake/scripts/wine-prefix.sh
+    scripts/windows-libs.sh build
+    scripts/wine-prefix.sh
   fi
 
-  cmake --preset "$preset" -DSTORE_URL=https://store.dorvik.example
+  cmake --preset "$preset"
   cmake --build --preset "$preset"
   ctest --preset "$preset"
 done

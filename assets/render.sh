@@ -2,7 +2,7 @@
 # Renders the drawings in svg/ to the files in images/ that are committed. Look at them before you commit.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
-../cmake/scripts/packages.sh artwork
+../scripts/packages.sh artwork
 mkdir -p images
 
 # render DRAWING WIDTH PICTURE

@@ -82,7 +82,7 @@ int main (int argc, char* argv[])
     items.count = std::atoi (argv[3]);
     installationFolder = argv[4];
 
-    store_downloads page (items);
+    store_downloads page (items, installationFolder);
     page.addToDesktop (0);
     page.setVisible (true);
     start = seconds();

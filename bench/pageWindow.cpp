@@ -35,9 +35,9 @@ int main (int argc, char* argv[])
     if (page == "welcome")
         window.setContentOwned (new store_intro (dialog), true);
     else if (page == "account")
-        window.setContentOwned (new store_auth (dialog), true);
+        window.setContentOwned (new store_auth (dialog, {}), true);
     else if (page == "downloads")
-        window.setContentOwned (new store_downloads (dialog), true);
+        window.setContentOwned (new store_downloads (dialog, {}), true);
     else
         window.setSize (700, 500);
 

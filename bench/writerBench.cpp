@@ -1,6 +1,6 @@
+#include "base/safeFileWriter.h"
 #include "bench/figures.h"
 #include "bench/scratchFolder.h"
-#include "content/safeFileWriter.h"
 #include <fcntl.h>
 #include <unistd.h>
 

@@ -1,12 +1,14 @@
-# JUCE 7.0.5 from the system's package, copied into the build tree, patched, and compiled once into a
-# static library. Its modules are private sources of that library; what a user of it needs, include
-# folders and switches, is handed on through its interface.
+# JUCE 7.0.5 from the system's package, copied into the build tree, patched, and compiled once into two static
+# libraries: the modules that know no window, and the rest on top. The modules are private sources of their library;
+# what a user of it needs, include folders and switches, is handed on through its interface.
 
 find_package (JUCE 7.0.5 EXACT CONFIG REQUIRED)   # JUCE_MODULES_DIR and the binary-data tool
 find_program (PATCH_PROGRAM patch REQUIRED)
 
 set (framework_dir ${CMAKE_BINARY_DIR}/framework)
-set (framework_modules juce_core juce_events juce_data_structures juce_cryptography juce_graphics juce_gui_basics)
+set (core_modules juce_core juce_cryptography)
+set (window_modules juce_events juce_data_structures juce_graphics juce_gui_basics)
+set (framework_modules ${core_modules} ${window_modules})
 file (GLOB framework_patches CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/patches/*.patch)
 
 # The copy is made anew whenever a patch changes; the stamp holds what it was made from.
@@ -41,16 +43,21 @@ if (NOT present_stamp STREQUAL wanted_stamp)
   file (WRITE ${stamp_file} "${wanted_stamp}")
 endif()
 
-add_library (framework STATIC)
-foreach (module IN LISTS framework_modules)
-  target_sources (framework PRIVATE ${framework_dir}/${module}/${module}.cpp)
-endforeach()
+function (add_framework_library name)
+  add_library (${name} STATIC)
+  foreach (module IN LISTS ARGN)
+    target_sources (${name} PRIVATE ${framework_dir}/${module}/${module}.cpp)
+  endforeach()
+  target_compile_options (${name} PRIVATE -w)
+endfunction()
+
+find_package (ZLIB REQUIRED)
+
+add_framework_library (frameworkCore ${core_modules})
 set_source_files_properties (${framework_dir}/juce_cryptography/juce_cryptography.cpp PROPERTIES
                              COMPILE_OPTIONS "$<$<CONFIG:Release>:-O3>")
-
-target_compile_options (framework PRIVATE -w)
-target_include_directories (framework SYSTEM PUBLIC ${framework_dir})
-target_compile_definitions (framework PUBLIC
+target_include_directories (frameworkCore SYSTEM PUBLIC ${framework_dir})
+target_compile_definitions (frameworkCore PUBLIC
   JUCE_GLOBAL_MODULE_SETTINGS_INCLUDED=1
   JUCE_STANDALONE_APPLICATION=1
   JUCE_MODAL_LOOPS_PERMITTED=1
@@ -61,20 +68,31 @@ target_compile_definitions (framework PUBLIC
   $<$<CONFIG:Debug>:_DEBUG=1>
   $<$<CONFIG:Debug>:JUCE_LOG_ASSERTIONS=1>)
 foreach (module IN LISTS framework_modules)
-  target_compile_definitions (framework PUBLIC JUCE_MODULE_AVAILABLE_${module}=1)
+  target_compile_definitions (frameworkCore PUBLIC JUCE_MODULE_AVAILABLE_${module}=1)
 endforeach()
+
+if (WIN32)
+  target_link_libraries (frameworkCore PUBLIC ZLIB::ZLIB
+    uuid wsock32 wininet version ole32 ws2_32 oleaut32 shlwapi rpcrt4 winmm)
+else()
+  find_package (CURL REQUIRED)
+  find_package (Threads REQUIRED)
+  target_link_libraries (frameworkCore PUBLIC CURL::libcurl ZLIB::ZLIB Threads::Threads rt ${CMAKE_DL_LIBS})
+endif()
+
+if (FUZZ)    # the fuzzers link the core alone
+  return()
+endif()
 
 find_package (PNG REQUIRED)
 find_package (JPEG REQUIRED)
-find_package (ZLIB REQUIRED)
-target_link_libraries (framework PUBLIC PNG::PNG JPEG::JPEG ZLIB::ZLIB)
+
+add_framework_library (framework ${window_modules})
+target_link_libraries (framework PUBLIC frameworkCore PNG::PNG JPEG::JPEG)
 
 if (WIN32)
-  target_link_libraries (framework PUBLIC
-    uuid wsock32 wininet version ole32 ws2_32 oleaut32 imm32 comdlg32 shlwapi rpcrt4 winmm dxgi)
+  target_link_libraries (framework PUBLIC imm32 comdlg32 dxgi)
 else()
-  find_package (CURL REQUIRED)
   find_package (Freetype REQUIRED)
-  find_package (Threads REQUIRED)
-  target_link_libraries (framework PUBLIC CURL::libcurl Freetype::Freetype Threads::Threads rt ${CMAKE_DL_LIBS})
+  target_link_libraries (framework PUBLIC Freetype::Freetype)
 endif()

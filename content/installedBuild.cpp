@@ -1,6 +1,6 @@
 #include "content/installedBuild.h"
+#include "base/boundedReading.h"
 #include "content/jSimpleArchiveDirectory.h"
-#include "net/boundedReading.h"
 
 /** Opens the reader for whatever is installed at a target; null for nothing. */
 static std::unique_ptr<jSimpleArchive> openInstalled (const juce::String& target)

@@ -1,10 +1,9 @@
 #include "content/itemDecision.h"
-#include "app/installationPaths.h"
 #include "app/programVersion.h"
 #include "content/installedBuild.h"
 #include "content/targetPath.h"
 
-static bool isBelowInstallation (const juce::String& target)
+static bool isBelow (const juce::String& installationFolder, const juce::String& target)
 {
     const auto root = installationFolder + "/";
 
@@ -12,14 +11,14 @@ static bool isBelowInstallation (const juce::String& target)
            && isAllowedTarget (target.substring (root.length()));
 }
 
-itemDecision decideItem (const DownloadItem& item)
+itemDecision decideItem (const DownloadItem& item, const juce::String& installationFolder)
 {
     const auto programDate = juce::String (PROGRAM_BUILD_DATE).removeCharacters (".");
 
     if (programDate.compare (item.builddaterequirement) < 0)
         return itemDecision::blocked;
 
-    if (! isBelowInstallation (item.target))
+    if (! isBelow (installationFolder, item.target))
         return itemDecision::misplaced;
 
     const auto installed = installedBuild (item.target);

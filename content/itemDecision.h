@@ -14,4 +14,4 @@ enum class itemDecision
 /** Decides in this order: by the program's build date, held against the requirement as text; by the target, which
     is not touched when it is misplaced; by what is installed there (see installedBuild, whose message box this
     may open). */
-itemDecision decideItem (const DownloadItem& item);
+itemDecision decideItem (const DownloadItem& item, const juce::String& installationFolder);

@@ -1,6 +1,6 @@
 #include "content/itemDownload.h"
-#include "net/boundedReading.h"
-#include "net/validText.h"
+#include "base/boundedReading.h"
+#include "base/validText.h"
 
 namespace
 {

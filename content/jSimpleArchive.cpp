@@ -1,7 +1,7 @@
 #include "content/jSimpleArchive.h"
-#include "content/byteCursor.h"
+#include "base/byteCursor.h"
+#include "base/validText.h"
 #include "net/dataScrambler.h"
-#include "net/validText.h"
 #include "store/showAttention.h"
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "content/safeFileWriter.h"
+#include "base/safeFileWriter.h"
 #include <vector>
 
 /** Bytes that arrive piece by piece, held until all are there. It grows by one chunk at a time and never copies

@@ -48,8 +48,9 @@ juce::StringArray summaryOf (const juce::StringArray& downloadedNames, const juc
 }
 }
 
-store_downloads::store_downloads (genericlistener& storeDialog)
+store_downloads::store_downloads (genericlistener& storeDialog, const juce::String& folderToInstallBelow)
     : dialog (storeDialog),
+      installationFolder (folderToInstallBelow),
       group ("new group", "Downloads"),
       downloadButton ("new button"),
       description ("New and updated contents that you own are downloaded from the Rigmart:\n"
@@ -163,7 +164,8 @@ void store_downloads::continueRun()
     // A loop: thousands of current items in a row are nothing unusual.
     for (item = nextItem(); item.url.isNotEmpty(); item = nextItem())
     {
-        const auto decision = decideItem (item);
+        // A copy, because the page may go while a message box is open.
+        const auto decision = decideItem (DownloadItem (item), juce::String (installationFolder));
 
         if (self == nullptr)
             return;

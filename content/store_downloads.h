@@ -14,8 +14,9 @@
 class store_downloads : public juce::Component, public juce::MultiTimer, public juce::Button::Listener
 {
 public:
-    /** Does not own the dialog, which outlives the page. */
-    explicit store_downloads (genericlistener& storeDialog);
+    /** Installs below a folder, and nothing when that is no absolute path. Does not own the dialog, which outlives the
+        page. */
+    store_downloads (genericlistener& storeDialog, const juce::String& folderToInstallBelow);
     ~store_downloads() override;
 
     void paint (juce::Graphics& g) override;
@@ -47,6 +48,7 @@ private:
     bool reportFailure (const juce::String& message);
 
     genericlistener& dialog;
+    const juce::String installationFolder;
     DownloadRun run;
     DownloadItem item; // the one that is received
     std::unique_ptr<itemDownload> download;

@@ -1,6 +1,6 @@
+#include "base/validText.h"
 #include "content/catalogue.h"
 #include "net/replyXml.h"
-#include "net/validText.h"
 #include <cstdint>
 
 /** A reply of the store, as it came from the network, to the items of the catalogue. */

@@ -1,5 +1,5 @@
+#include "base/validText.h"
 #include "net/dataScrambler.h"
-#include "net/validText.h"
 #include <cstdint>
 
 extern "C" int LLVMFuzzerTestOneInput (const std::uint8_t* data, size_t size)

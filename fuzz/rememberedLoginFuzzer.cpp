@@ -1,6 +1,6 @@
+#include "base/validText.h"
 #include "fuzz/inputFile.h"
 #include "net/rememberedLogin.h"
-#include "net/validText.h"
 #include <cstdlib>
 
 /** A file that somebody else wrote, and what is loaded of it saved and loaded again. */

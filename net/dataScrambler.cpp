@@ -1,5 +1,5 @@
 #include "net/dataScrambler.h"
-#include "net/validText.h"
+#include "base/validText.h"
 #include <algorithm>
 #include <cstring>
 #include <juce_cryptography/juce_cryptography.h>

@@ -1,8 +1,8 @@
 #include "net/rememberedLogin.h"
-#include "content/safeFileWriter.h"
-#include "net/boundedReading.h"
+#include "base/boundedReading.h"
+#include "base/safeFileWriter.h"
+#include "base/validText.h"
 #include "net/dataScrambler.h"
-#include "net/validText.h"
 
 static constexpr juce::uint32 leftCounter = 5172093, rightCounter = 41927506;
 static constexpr juce::int64 maximumSize = 65536; // of the file, bytes

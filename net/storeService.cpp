@@ -1,22 +1,33 @@
 #include "net/storeService.h"
-#include "app/installationPaths.h"
-#include "content/safeFileWriter.h"
-#include "net/boundedReading.h"
+#include "base/boundedReading.h"
+#include "base/safeFileWriter.h"
+#include "base/validText.h"
 #include "net/escapeFormText.h"
 #include "net/replyXml.h"
-#include "net/storeAddress.h"
-#include "net/validText.h"
 #include "net/webStream.h"
 #include "store/showAttention.h"
-#include "ui/busyCursor.h"
 
 /** What a message says when the service gave no reason. */
 static constexpr const char* unspecified = "Unspecified error.";
 
+storeService::storeService (const juce::String& origin, const juce::String& folder,
+                            const juce::String& tokenToSend, const juce::String& addressToName,
+                            waiting howToWait)
+    : storeOrigin (origin),
+      installationFolder (folder),
+      sessionToken (tokenToSend),
+      enduser (addressToName),
+      wait (std::move (howToWait))
+{}
+
+juce::URL storeService::pageAt (const char* path, const juce::String& postData) const
+{
+    return juce::URL::createWithoutParsing (storeOrigin + path).withPOSTData (postData);
+}
+
 /** The reply as text, without a byte-order mark; empty when there is none. */
 static juce::String fetchText (const webRequest& request)
 {
-    const busyCursor busy;
     const auto reply = openWebStream (request);
 
     if (reply.stream == nullptr)
@@ -28,7 +39,7 @@ static juce::String fetchText (const webRequest& request)
 }
 
 /** Keeps a reply that is not XML, for the people who look after the service, and tells the user. */
-static void reportMalformed (const juce::String& text, juce::int64 milliseconds)
+void storeService::reportMalformed (const juce::String& text, juce::int64 milliseconds) const
 {
     const auto name = "rigmartreturn (" + juce::String (milliseconds) + "ms).txt";
     auto path = name;
@@ -53,16 +64,20 @@ static void reportMalformed (const juce::String& text, juce::int64 milliseconds)
         + " bytes of text of a different type. The erroneous return has been saved as a file: " + path);
 }
 
-std::unique_ptr<juce::XmlElement> postToServer (const juce::String& path, const juce::String& postData,
-                                                const juce::String& token)
+std::unique_ptr<juce::XmlElement> storeService::postToServer (const juce::URL& url, bool usePost,
+                                                              const juce::String& token) const
 {
+    jassert (usePost); // the service knows no other way
+    juce::ignoreUnused (usePost);
+
     webRequest request;
-    request.address = storeAddress() + path;
-    request.postData = postData;
+    request.address = url.toString (false);
+    request.postData = url.getPostData();
     request.token = token;
 
+    juce::String text;
     const auto start = juce::Time::currentTimeMillis();
-    const auto text = fetchText (request);
+    wait ([&] { text = fetchText (request); });
     const auto duration = juce::Time::currentTimeMillis() - start;
 
     if (text.isEmpty())
@@ -81,9 +96,8 @@ std::unique_ptr<juce::XmlElement> postToServer (const juce::String& path, const 
     return reply;
 }
 
-std::unique_ptr<juce::XmlElement> requestBin (juce::String& errorText, const juce::String& key,
-                                              const juce::String& value, const juce::String& enduser,
-                                              const juce::String& token)
+std::unique_ptr<juce::XmlElement> storeService::requestBin (juce::String& errorText, const juce::String& key,
+                                                            const juce::String& value) const
 {
     errorText.clear();
     auto fields = "enduser=" + enduser;
@@ -92,7 +106,7 @@ std::unique_ptr<juce::XmlElement> requestBin (juce::String& errorText, const juc
         fields << "&" << key << "=" << value;
 
     // This page of the service takes all its fields as one escaped text, separators and all.
-    auto reply = postToServer ("/api/bin.cfm", escapeFormText (fields), token);
+    auto reply = postToServer (pageAt ("/api/bin.cfm", escapeFormText (fields)), true, sessionToken);
 
     if (reply != nullptr)
     {
@@ -121,9 +135,11 @@ static juce::String credentials (const juce::String& addressField, const juce::S
     return addressField + "=" + escapeFormText (address) + "&password=" + escapeFormText (password);
 }
 
-std::optional<loginReply> requestLogin (const juce::String& address, const juce::String& password)
+std::optional<storeService::loginReply> storeService::requestLogin (const juce::String& address,
+                                                                    const juce::String& password) const
 {
-    const auto reply = postToServer ("/api/auth.cfm", credentials ("emailaddr", address, password), {});
+    const auto reply =
+        postToServer (pageAt ("/api/auth.cfm", credentials ("emailaddr", address, password)), true, {});
 
     if (reply == nullptr)
         return {};
@@ -131,9 +147,11 @@ std::optional<loginReply> requestLogin (const juce::String& address, const juce:
     return loginReply{ childText (*reply, "sessiontoken", {}), childText (*reply, "message", unspecified) };
 }
 
-std::optional<creationReply> requestCreation (const juce::String& address, const juce::String& password)
+std::optional<storeService::creationReply> storeService::requestCreation (const juce::String& address,
+                                                                          const juce::String& password) const
 {
-    const auto reply = postToServer ("/api/register.cfm", credentials ("email", address, password), {});
+    const auto reply =
+        postToServer (pageAt ("/api/register.cfm", credentials ("email", address, password)), true, {});
 
     if (reply == nullptr)
         return {};

@@ -1,5 +1,4 @@
 #include "net/store_auth.h"
-#include "app/installationPaths.h"
 #include "assets.h"
 #include "net/acceptableAddress.h"
 #include "net/storeAddress.h"
@@ -55,7 +54,7 @@ bool isSuccess (const juce::var& answer)
 }
 }
 
-store_auth::store_auth (genericlistener& storeDialog)
+store_auth::store_auth (genericlistener& storeDialog, const juce::String& installationFolder)
     : banner (juce::ImageCache::getFromMemory (assets::banneraccount_png, assets::banneraccount_pngSize)),
       backdrop ({}, juce::Font (labelHeight)),
       loginGroup ("new group", "Authenticate"),

@@ -13,8 +13,9 @@
 class store_auth : public juce::Component, public juce::Button::Listener, public juce::TextEditor::Listener
 {
 public:
-    /** Fills in the remembered login. Does not own the dialog, which outlives the page. */
-    explicit store_auth (genericlistener& storeDialog);
+    /** Fills in the login that the installation folder remembers. Does not own the dialog, which outlives the
+        page. */
+    store_auth (genericlistener& storeDialog, const juce::String& installationFolder);
 
     void paint (juce::Graphics&) override;
     void resized() override;

@@ -2,23 +2,31 @@
 #include "app/installationPaths.h"
 #include "app/productName.h"
 #include "content/catalogue.h"
-#include "net/storeService.h"
+#include "net/storeAddress.h"
 #include "store/showAttention.h"
+#include "ui/busyCursor.h"
 #include "ui/childrenUnion.h"
 #include "ui/focusKeeper.h"
 
 static constexpr int dialogWidth = 700, dialogHeight = 500;
 static constexpr int firstFadeInMs = 500, fadeInMs = 100, fadeOutMs = 100;
 
+static void waitVisibly (const std::function<void()>& blockingCall)
+{
+    const busyCursor busy;
+    blockingCall();
+}
+
 jStoreDialog::jStoreDialog (juce::Component* holderToUse)
     : jpseudomodaldialog (holderToUse, nullptr, "Dorvik Rigmart and Licenses", "QUIT", {}, {}, {}, {}, {},
-                          true)
+                          true),
+      service (storeAddress(), installationFolder, sessionToken, enduser, waitVisibly)
 {
     setDialogSize (dialogWidth, dialogHeight);
 
     welcomePage = std::make_unique<store_intro> (*this);
-    accountPage = std::make_unique<store_auth> (*this);
-    downloadsPage = std::make_unique<store_downloads> (*this);
+    accountPage = std::make_unique<store_auth> (*this, installationFolder);
+    downloadsPage = std::make_unique<store_downloads> (*this, installationFolder);
     showPage (welcomePage.get(), firstFadeInMs);
 }
 
@@ -132,7 +140,7 @@ juce::var jStoreDialog::logOn (const juce::String& address, const juce::String& 
     enduser.clear();
 
     const SafePointer<jStoreDialog> self (this);
-    const auto reply = requestLogin (address, password);
+    const auto reply = service.requestLogin (address, password);
 
     if (self == nullptr || ! reply.has_value())
         return {};
@@ -154,7 +162,7 @@ juce::var jStoreDialog::createAccount (const juce::String& address, const juce::
     sessionToken.clear();
     enduser.clear();
 
-    const auto reply = requestCreation (address, password);
+    const auto reply = service.requestCreation (address, password);
 
     if (! reply.has_value())
         return {};
@@ -169,7 +177,7 @@ void jStoreDialog::reloadCatalogue()
 
     const SafePointer<jStoreDialog> self (this);
     juce::String errorText;
-    const auto reply = requestBin (errorText, "list", "mediareview", enduser, sessionToken);
+    const auto reply = service.requestBin (errorText, "list", "mediareview");
 
     if (self == nullptr)
         return;

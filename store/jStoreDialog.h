@@ -2,6 +2,7 @@
 
 #include "content/DownloadItem.h"
 #include "content/store_downloads.h"
+#include "net/storeService.h"
 #include "net/store_auth.h"
 #include "store/genericlistener.h"
 #include "store/store_intro.h"
@@ -52,6 +53,7 @@ private:
     std::unique_ptr<store_auth> accountPage;
     std::unique_ptr<store_downloads> downloadsPage;
     juce::String sessionToken, enduser; // of the account that is logged on, else empty
+    const storeService service;
     juce::Array<DownloadItem> downloadItems;
     juce::TooltipWindow tooltips;
 

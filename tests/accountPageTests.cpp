@@ -1,3 +1,4 @@
+#include "app/installationPaths.h"
 #include "net/acceptableAddress.h"
 #include "net/store_auth.h"
 #include "tests/support/alertRobot.h"
@@ -29,7 +30,7 @@ struct accountPage
     /** Opens the page anew; only one on the screen can hand the focus on. */
     void open()
     {
-        page = std::make_unique<store_auth> (dialog);
+        page = std::make_unique<store_auth> (dialog, installationFolder);
         page->addToDesktop (0);
         page->setVisible (true);
     }

@@ -1,6 +1,6 @@
+#include "base/boundedReading.h"
 #include "content/jSimpleArchive.h"
 #include "content/jSimpleArchiveDirectory.h"
-#include "net/boundedReading.h"
 #include "sandbox/archiveWriter.h"
 #include "tests/support/alertRobot.h"
 #include "tests/support/temporaryInstallation.h"

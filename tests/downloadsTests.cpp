@@ -20,7 +20,7 @@ struct downloadsPage : genericlistener
     std::function<void()> whileListing;
     int lists = 0;
     juce::StringArray statusLines; // when each item begins, and while its server is waited for
-    std::unique_ptr<store_downloads> page = std::make_unique<store_downloads> (*this);
+    std::unique_ptr<store_downloads> page = std::make_unique<store_downloads> (*this, installationFolder);
 
     juce::Button& button() const { return dynamic_cast<juce::Button&> (*page->getChildComponent (1)); }
     juce::Label& status() const { return dynamic_cast<juce::Label&> (*page->getChildComponent (3)); }

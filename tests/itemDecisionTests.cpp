@@ -7,7 +7,7 @@
 
 static itemDecision decide (int build, const juce::String& target, const char* requirement = "000000")
 {
-    return decideItem ({ {}, target, {}, build, requirement });
+    return decideItem ({ {}, target, {}, build, requirement }, installationFolder);
 }
 
 TEST_CASE ("an item is current up to the build that is installed at its target")

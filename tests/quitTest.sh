@@ -4,8 +4,8 @@
 # program's lock is machine-wide: no copy may run meanwhile.
 set -euo pipefail
 
-# shellcheck source=cmake/scripts/person.sh
-source "$(dirname "${BASH_SOURCE[0]}")/../cmake/scripts/person.sh"
+# shellcheck source=scripts/person.sh
+source "$(dirname "${BASH_SOURCE[0]}")/../scripts/person.sh"
 
 settings=$(mktemp -d)
 export XDG_CONFIG_HOME=$settings

@@ -1,4 +1,4 @@
-#include "content/safeFileWriter.h"
+#include "base/safeFileWriter.h"
 #include "tests/support/temporaryInstallation.h"
 #include <catch2/catch.hpp>
 

@@ -1,5 +1,5 @@
+#include "base/validText.h"
 #include "net/dataScrambler.h"
-#include "net/validText.h"
 #include <catch2/catch.hpp>
 
 TEST_CASE ("bytes from outside become valid text up to their first zero byte")

@@ -1,10 +1,22 @@
 #include "app/installationPaths.h"
 #include "net/escapeFormText.h"
+#include "net/storeAddress.h"
 #include "net/storeService.h"
 #include "tests/support/alertRobot.h"
 #include "tests/support/scriptedServer.h"
 #include "tests/support/temporaryInstallation.h"
 #include <catch2/catch.hpp>
+
+/** The service that the newest server is, for an account that is logged on. */
+struct loggedOnService : storeService
+{
+    loggedOnService()
+        : storeService (storeAddress(), ::installationFolder, token, enduser,
+                        [] (const std::function<void()>& blockingCall) { blockingCall(); })
+    {}
+
+    const juce::String token{ "to ken" }, enduser{ "a+b@x.org" };
+};
 
 TEST_CASE ("form text is escaped byte by byte")
 {
@@ -29,7 +41,7 @@ TEST_CASE ("an account action sends its fields escaped as one, with the token, a
         scriptedServer server;
         server.reply (okReply (text));
         juce::String errorText ("of an earlier request");
-        const auto reply = requestBin (errorText, key, value, "a+b@x.org", "to ken");
+        const auto reply = loggedOnService().requestBin (errorText, key, value);
         REQUIRE (reply != nullptr);
         CHECK (errorText == error);
 
@@ -44,7 +56,7 @@ TEST_CASE ("no reply, or an empty one, is reported and nothing is written")
 {
     const temporaryInstallation installation;
     alertRobot robot;
-    CHECK_FALSE (requestLogin ({}, {}).has_value()); // no server yet
+    CHECK_FALSE (loggedOnService().requestLogin ({}, {}).has_value()); // no server yet
 
     scriptedServer server;
     server.reply().reply().reset().reply (replyWith ("500 x", "")).reply (okReply ("\xef\xbb\xbf"));
@@ -54,7 +66,7 @@ TEST_CASE ("no reply, or an empty one, is reported and nothing is written")
     for (int i = 2; i <= 7; ++i)
     {
         juce::String errorText ("old");
-        CHECK (requestBin (errorText, {}, {}, {}, {}) == nullptr);
+        CHECK (loggedOnService().requestBin (errorText, {}, {}) == nullptr);
         CHECK (errorText.isEmpty());
         REQUIRE (robot.texts().size() == i);
         CHECK (robot.texts()[i - 1]
@@ -71,7 +83,9 @@ static juce::String boxFor (const std::string& reply)
     alertRobot robot;
     scriptedServer server;
     server.reply (reply);
-    CHECK (postToServer ("/x", "a=b", "token") == nullptr);
+    CHECK (loggedOnService().postToServer (juce::URL (server.origin() + "/x").withPOSTData ("a=b"), true,
+                                           "token")
+           == nullptr);
     return robot.texts().joinIntoString ("|");
 }
 

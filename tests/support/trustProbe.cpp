@@ -1,4 +1,4 @@
-#include "net/boundedReading.h"
+#include "base/boundedReading.h"
 #include "net/webStream.h"
 #include <catch2/catch.hpp>
 

@@ -19,11 +19,10 @@ set_up_trial ()
 {
   local platform=$1
   shift
-  export CMAKE_CXX_COMPILER_LAUNCHER=ccache CMAKE_C_COMPILER_LAUNCHER=ccache
 
   if [[ $platform == windows ]]; then
-    cmake/scripts/windows-libs.sh build
-    cmake/scripts/wine-prefix.sh
+    scripts/windows-libs.sh build
+    scripts/wine-prefix.sh
   fi
 
   cmake --preset linux >/dev/null
@@ -58,8 +57,8 @@ _prepare_installation ()
 
   if [[ $1 == windows ]]; then
     local folder
-    folder=$(cmake/scripts/wine-run.sh winepath -w "$installation")
-    cmake/scripts/wine-run.sh reg add "HKLM\\SOFTWARE\\Dorvik Electronics\\$product" \
+    folder=$(scripts/wine-run.sh winepath -w "$installation")
+    scripts/wine-run.sh reg add "HKLM\\SOFTWARE\\Dorvik Electronics\\$product" \
       /v InstallationDir /d "${folder%$'\r'}" /f >/dev/null
   else
     _settings_file "$installation" >"$settings/Dorvik Electronics/registry.settings"
@@ -86,7 +85,7 @@ start_client ()
   local command=(setpriv --pdeathsig TERM build/linux/bin/DorvikRigmart)
 
   if [[ $1 == windows ]]; then
-    command=(cmake/scripts/wine-run.sh build/windows/bin/DorvikRigmart.exe)
+    command=(scripts/wine-run.sh build/windows/bin/DorvikRigmart.exe)
   else
     _wait_for_other_copy
   fi

@@ -3,7 +3,7 @@
 # made without one believes for ever that there is no screen, and window programs crash in it.
 set -euo pipefail
 
-build=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)/build
+build=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)/build
 export WINEPREFIX=$build/wine-prefix
 export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe="
 

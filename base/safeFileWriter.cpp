@@ -1,5 +1,5 @@
-#include "content/safeFileWriter.h"
-#include "content/privateFile.h"
+#include "base/safeFileWriter.h"
+#include "base/privateFile.h"
 
 #if JUCE_WINDOWS
     #include <windows.h>

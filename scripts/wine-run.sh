@@ -4,12 +4,12 @@
 # one of Wine's own, such as "reg". Whatever signal ends this script kills the program, without a word to it.
 set -euo pipefail
 
-build=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)/build
+build=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)/build
 export WINEPREFIX=$build/wine-prefix
 
 # Started without a prefix, Wine would make one here and now, perhaps without a display (see wine-prefix.sh).
 if [[ ! -f $WINEPREFIX/made ]]; then
-  echo "There is no Wine prefix; cmake/scripts/wine-prefix.sh makes it." >&2
+  echo "There is no Wine prefix; scripts/wine-prefix.sh makes it." >&2
   exit 1
 fi
 

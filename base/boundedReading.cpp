@@ -1,4 +1,4 @@
-#include "net/boundedReading.h"
+#include "base/boundedReading.h"
 
 juce::MemoryBlock readAtMost (juce::InputStream& stream, size_t maximum)
 {

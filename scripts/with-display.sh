@@ -3,7 +3,7 @@
 # Runs COMMAND on a virtual display of its own and ends with its exit code.
 set -euo pipefail
 
-# shellcheck source=cmake/scripts/display.sh
+# shellcheck source=scripts/display.sh
 source "$(dirname "${BASH_SOURCE[0]}")/display.sh"
 
 trap stop_display EXIT

@@ -6,7 +6,7 @@
 set -euo pipefail
 
 scripts=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
-toolchain=$(realpath "$scripts/../toolchain-windows.cmake")
+toolchain=$(realpath "$scripts/../cmake/toolchain-windows.cmake")
 mkdir -p "$1"
 build=$(cd "$1" && pwd)
 libs=$build/windows-libs

@@ -4,14 +4,14 @@
 # quits and comes back, with a picture of every step. Then a look at what that left on disk and at what the
 # store was asked. PLATFORM is linux or windows.
 set -euo pipefail
-cd "$(dirname "${BASH_SOURCE[0]}")/../.."
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
-# shellcheck source=cmake/scripts/display.sh
-source cmake/scripts/display.sh
-# shellcheck source=cmake/scripts/trial.sh
-source cmake/scripts/trial.sh
-# shellcheck source=cmake/scripts/person.sh
-source cmake/scripts/person.sh
+# shellcheck source=scripts/display.sh
+source scripts/display.sh
+# shellcheck source=scripts/trial.sh
+source scripts/trial.sh
+# shellcheck source=scripts/person.sh
+source scripts/person.sh
 
 platform=$1
 pictures=$PWD/build/tour

@@ -1,4 +1,4 @@
-#include "content/privateFile.h"
+#include "base/privateFile.h"
 
 #if JUCE_WINDOWS
 

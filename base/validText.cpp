@@ -1,4 +1,4 @@
-#include "net/validText.h"
+#include "base/validText.h"
 #include <algorithm>
 #include <string>
 
