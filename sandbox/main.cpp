@@ -1,77 +1,59 @@
 #include "sandbox/sandboxContent.h"
 #include "sandbox/sandboxStore.h"
+#include <CLI/CLI.hpp>
 #include <csignal>
 #include <cstdlib>
 #include <fstream>
 #include <iostream>
 
-static constexpr const char* help = R"(A store for trying and testing the client against, on this machine.
-
-Usage: sandboxStore [options]
-  --port N              listen on this port (any free one)
-  --address A           listen on this address (127.0.0.1)
-  --tls CERT KEY        serve HTTPS with this certificate and key, PEM files
-  --account MAIL PASS   an account that exists from the start; may be repeated
-  --log FILE            append a line for every request (no passwords, no tokens)
-  --delay MS            wait before every reply
-  --bytes-per-second N  send items this slowly, so that progress can be watched
-
-  --install FOLDER --skin PICTURE
-                        prepare a product installation below FOLDER and exit
-  --export FOLDER       write every item on offer below FOLDER and exit
-  --help                this text
-
-Prints its address once it listens, and ends on SIGTERM or Ctrl-C.
-)";
-
-/** The words of the command line, taken one after the other. */
-class words
+/** What the command line asks for. */
+struct wishes
 {
-public:
-    words (int argc, char* argv[])
-        : remaining (argv + 1, argv + argc)
-    {}
-
-    bool areLeft() const { return ! remaining.empty(); }
-
-    /** The next word; says what is missing and ends the program when there is none. */
-    std::string next (const std::string& meaning)
-    {
-        if (remaining.empty())
-        {
-            std::cerr << meaning << " is missing; see --help\n";
-            std::exit (2);
-        }
-
-        auto word = remaining.front();
-        remaining.erase (remaining.begin());
-        return word;
-    }
-
-    int number (const std::string& meaning)
-    {
-        const auto word = next (meaning);
-        char* end = nullptr;
-        const auto value = std::strtol (word.c_str(), &end, 10);
-
-        if (word.empty() || *end != 0 || value < 0 || value > 1'000'000'000)
-        {
-            std::cerr << meaning << " is a number, not \"" << word << "\"\n";
-            std::exit (2);
-        }
-
-        return int (value);
-    }
-
-    juce::File file (const std::string& meaning)
-    {
-        return juce::File::getCurrentWorkingDirectory().getChildFile (
-            juce::String::fromUTF8 (next (meaning).c_str()));
-    }
-
-private:
-    std::vector<std::string> remaining;
+    sandboxStore::settings store;
+    std::vector<std::pair<std::string, std::string>> accounts;
+    std::string log, installation, skin, exported;
 };
+
+static void describe (CLI::App& line, wishes& wanted)
+{
+    const CLI::Range upToABillion (0, 1'000'000'000);
+    const auto takeCertificate = [&wanted] (const std::vector<std::string>& files) {
+        wanted.store.certificate = files[0];
+        wanted.store.key = files[1];
+        return true;
+    };
+
+    line.add_option ("--port", wanted.store.port, "Listen on this port; any free one without it")
+        ->check (CLI::Range (0, 65535));
+    line.add_option ("--address", wanted.store.address, "Listen on this address")->capture_default_str();
+    line.add_option ("--tls", takeCertificate, "Serve HTTPS with this certificate and key, PEM files")
+        ->expected (2)
+        ->type_name ("CERTIFICATE KEY");
+    line.add_option ("--account", wanted.accounts, "An account that exists from the start; may be repeated")
+        ->type_name ("MAIL PASSWORD");
+    line.add_option ("--log", wanted.log, "Append a line for every request: no passwords, no tokens")
+        ->type_name ("FILE");
+    line.add_option ("--delay", wanted.store.delayMs, "Wait so many milliseconds before every reply")
+        ->check (upToABillion);
+    line.add_option ("--bytes-per-second", wanted.store.bytesPerSecond,
+                     "Send items this slowly, so that progress can be watched")
+        ->check (upToABillion);
+
+    auto* install = line.add_option ("--install", wanted.installation,
+                                     "Prepare a product installation below this folder and exit");
+    install->type_name ("FOLDER");
+    line.add_option ("--skin", wanted.skin, "The background picture of that installation")
+        ->type_name ("PICTURE")
+        ->needs (install);
+    line.add_option ("--export", wanted.exported, "Write every item on offer below this folder and exit")
+        ->type_name ("FOLDER")
+        ->excludes (install);
+}
+
+static juce::File fileAt (const std::string& path)
+{
+    return juce::File::getCurrentWorkingDirectory().getChildFile (juce::String::fromUTF8 (path.c_str()));
+}
 
 /** Reports a message of the preparing functions and gives the exit status. */
 static int finish (const juce::String& message)
@@ -110,61 +92,27 @@ static int serve (sandboxStore& store)
 
 int main (int argc, char* argv[])
 {
-    sandboxStore::settings settings;
-    std::vector<std::pair<std::string, std::string>> accounts;
+    CLI::App line ("A store for trying and testing the client against, on this machine.\n"
+                   "Prints its address once it listens, and ends on SIGTERM or Ctrl-C.");
+    wishes wanted;
+    describe (line, wanted);
+    CLI11_PARSE (line, argc, argv);
+
+    if (! wanted.installation.empty())
+        return finish (installSandbox (fileAt (wanted.installation), fileAt (wanted.skin)));
+
+    if (! wanted.exported.empty())
+        return finish (exportSandboxItems (fileAt (wanted.exported)));
+
     std::ofstream log;
-    juce::File installation, exported, skin;
-    words line (argc, argv);
 
-    while (line.areLeft())
-    {
-        const auto option = line.next ("an option");
+    if (! wanted.log.empty())
+        log.open (wanted.log, std::ios::app);
 
-        if (option == "--help")
-            return std::cout << help, EXIT_SUCCESS;
-        else if (option == "--port")
-            settings.port = line.number ("the port");
-        else if (option == "--address")
-            settings.address = line.next ("the address");
-        else if (option == "--delay")
-            settings.delayMs = line.number ("the delay");
-        else if (option == "--bytes-per-second")
-            settings.bytesPerSecond = size_t (line.number ("the speed"));
-        else if (option == "--log")
-            log.open (line.next ("the log file"), std::ios::app);
-        else if (option == "--install")
-            installation = line.file ("the installation folder");
-        else if (option == "--skin")
-            skin = line.file ("the skin picture");
-        else if (option == "--export")
-            exported = line.file ("the folder");
-        else if (option == "--tls")
-        {
-            settings.certificate = line.next ("the certificate");
-            settings.key = line.next ("the key");
-        }
-        else if (option == "--account")
-        {
-            auto address = line.next ("the address of the account");
-            accounts.emplace_back (std::move (address), line.next ("its password"));
-        }
-        else
-        {
-            std::cerr << "There is no option " << option << "; see --help\n";
-            return 2;
-        }
-    }
-
-    if (installation != juce::File())
-        return finish (installSandbox (installation, skin));
-
-    if (exported != juce::File())
-        return finish (exportSandboxItems (exported));
-
-    sandboxStore store (settings, makeSandboxItems(),
+    sandboxStore store (wanted.store, makeSandboxItems(),
                         [&log] (const std::string& request) { log << request << std::endl; });
 
-    for (const auto& [address, password] : accounts)
+    for (const auto& [address, password] : wanted.accounts)
         store.accounts.create (address, password);
 
     return serve (store);

@@ -20,7 +20,7 @@ group_packages ()
     fuzz) echo clang libclang-rt-14-dev ;;
     package) echo dpkg-dev file gzip zip ;;
     artwork) echo librsvg2-bin imagemagick ;;
-    sandbox) echo libcpp-httplib-dev libssl-dev ;;
+    sandbox) echo libcli11-dev libcpp-httplib-dev libssl-dev ;;
     bench) echo libbenchmark-dev libssl-dev libzip-dev libphysfs-dev libpugixml-dev curl ;;
     *)
       echo "packages.sh: no group '$1'" >&2
