@@ -2,7 +2,7 @@
 #include "base/boundedReading.h"
 #include "base/safeFileWriter.h"
 #include "base/validText.h"
-#include "net/escapeFormText.h"
+#include "net/escapeText.h"
 #include "net/replyXml.h"
 #include "net/webStream.h"
 #include "store/showAttention.h"

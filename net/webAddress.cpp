@@ -1,5 +1,5 @@
 #include "net/webAddress.h"
-#include "net/escapeFormText.h"
+#include "net/escapeText.h"
 
 /** Index of the first character after scheme, host and port. */
 static int startOfPath (const juce::String& address)

@@ -9,7 +9,7 @@
 #include "ui/focusKeeper.h"
 
 static constexpr int dialogWidth = 700, dialogHeight = 500;
-static constexpr int firstFadeInMs = 500, fadeInMs = 100, fadeOutMs = 100;
+static constexpr int firstPageFadeMs = 500, nextPageFadeMs = 100, fadeOutMs = 100;
 
 static void waitVisibly (const std::function<void()>& blockingCall)
 {
@@ -27,7 +27,7 @@ jStoreDialog::jStoreDialog (juce::Component* holderToUse)
     welcomePage = std::make_unique<store_intro> (*this);
     accountPage = std::make_unique<store_auth> (*this, installationFolder);
     downloadsPage = std::make_unique<store_downloads> (*this, installationFolder);
-    showPage (welcomePage.get(), firstFadeInMs);
+    showPage (welcomePage.get(), firstPageFadeMs);
 }
 
 jStoreDialog::~jStoreDialog()
@@ -36,7 +36,7 @@ jStoreDialog::~jStoreDialog()
     juce::JUCEApplicationBase::quit();
 }
 
-void jStoreDialog::showPage (juce::Component* page, int fadeInTimeMs)
+void jStoreDialog::showPage (juce::Component* page, int fadeInMs)
 {
     if (page == currentPage)
         return;
@@ -64,7 +64,7 @@ void jStoreDialog::showPage (juce::Component* page, int fadeInTimeMs)
     page->setTopLeftPosition (getWidth() / 2 - page->getWidth() / 2, getHeight() / 2 - page->getHeight() / 2);
     page->setAlpha (0.0f);
     page->setVisible (true);
-    animator.animateComponent (page, page->getBounds(), 1.0f, fadeInTimeMs, true, 1.0, 1.0);
+    animator.animateComponent (page, page->getBounds(), 1.0f, fadeInMs, true, 1.0, 1.0);
 }
 
 static bool askWhetherToQuit()
@@ -88,7 +88,7 @@ void jStoreDialog::handleMessage (const juce::String& text, const juce::var&, co
                                   const juce::var&)
 {
     if (text == "intro done")
-        showPage (accountPage.get(), fadeInMs);
+        showPage (accountPage.get(), nextPageFadeMs);
     else if (text == "list")
         reloadCatalogue();
 }
@@ -153,7 +153,7 @@ juce::var jStoreDialog::logOn (const juce::String& address, const juce::String& 
 
     sessionToken = reply->token;
     enduser = address;
-    showPage (downloadsPage.get(), fadeInMs);
+    showPage (downloadsPage.get(), nextPageFadeMs);
     return 1;
 }
 

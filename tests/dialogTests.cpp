@@ -236,7 +236,7 @@ TEST_CASE ("a dialog lies in the middle of its holder, on an overlay that is com
     juce::LookAndFeel_V3 plain;
     s.holder->setLookAndFeel (&plain);
     plain.setColour (juce::AlertWindow::backgroundColourId, juce::Colours::red);
-    auto& dialog = s.open ({}, 200); // with its strips at 100, 126, 200 x 148
+    auto& dialog = s.open ({}, 200); // with its bars at 100, 126, 200 x 148
     juce::Image image (juce::Image::ARGB, 600, 500, true);
     const auto argb = [&] (int x, int y) {
         image.clear (image.getBounds());
@@ -265,7 +265,7 @@ TEST_CASE ("a dialog lies in the middle of its holder, on an overlay that is com
     s.holder->setLookAndFeel (nullptr);
 }
 
-TEST_CASE ("a window of its own: centred, filled by the dialog, dragged by its title strip")
+TEST_CASE ("a window of its own: centred, filled by the dialog, dragged by its title bar")
 {
     recordingListener owner;
     const auto area = juce::Desktop::getInstance().getDisplays().getPrimaryDisplay()->userArea;

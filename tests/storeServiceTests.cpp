@@ -1,5 +1,5 @@
 #include "app/installationPaths.h"
-#include "net/escapeFormText.h"
+#include "net/escapeText.h"
 #include "net/storeAddress.h"
 #include "net/storeService.h"
 #include "tests/support/alertRobot.h"

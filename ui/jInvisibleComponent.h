@@ -15,7 +15,7 @@ class jInvisibleComponent : public juce::Component,
                             private juce::FocusChangeListener
 {
 public:
-    /** In a window of its own the overlay is that window's content, and follows the dialog and its strips in size;
+    /** In a window of its own the overlay is that window's content, and follows the dialog and its bars in size;
         else it follows the holder, and goes when the holder goes. */
     jInvisibleComponent (jpseudomodaldialog&, juce::Component& holderToCover, bool isInOwnWindow,
                          juce::Colour tint);

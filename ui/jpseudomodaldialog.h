@@ -9,15 +9,15 @@
 
 /** A dialog inside its holder, or in a window of its own, that stays live in the normal message loop: there is no
     modal loop, and its result reaches a listener later. A tinted overlay covers the holder; the dialog lies on it
-    between a title strip and a strip of one to three buttons.
+    between a title bar and a bar of one to three buttons.
 
     Make one with `new`: it owns itself. Finishing it deletes its window, or its overlay, and with that the dialog
-    and its strips. Deleting the dialog takes the same along, as does deleting the holder, without a result.
+    and its bars. Deleting the dialog takes the same along, as does deleting the holder, without a result.
     Message thread only. */
 class jpseudomodaldialog : public juce::Component
 {
 public:
-    static constexpr int barHeight = 24; /**< Of each strip, pixels. */
+    static constexpr int barHeight = 24; /**< Height of each bar, pixels. */
 
     /** Builds the dialog and shows it.
 
@@ -58,7 +58,7 @@ public:
     void finishDialog (const juce::String& result, const juce::var& a, const juce::var& b,
                        const juce::var& c);
 
-    /** Sizes the dialog without its strips, puts it below the title strip of its own window or in the middle of its
+    /** Sizes the dialog without its bars, puts it below the title bar of its own window or in the middle of its
         holder, and shows it. A width or height below 1 keeps the current one. */
     void setDialogSize (int width, int height);
 

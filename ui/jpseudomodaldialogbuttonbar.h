@@ -5,7 +5,7 @@
 
 class jpseudomodaldialog;
 
-/** The strip below a dialog: one to three buttons side by side, painted by the strip. They can be focused, and
+/** The bar below a dialog: one to three buttons side by side, painted by the bar. They can be focused, and
     pressed with Return or Space. */
 class jpseudomodaldialogbuttonbar : public juce::Component
 {

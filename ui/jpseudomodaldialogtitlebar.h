@@ -2,7 +2,7 @@
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
-/** The strip above a dialog: its title, and in a window of its own the place to drag that window by. */
+/** The bar above a dialog: its title, and in a window of its own the place to drag that window by. */
 class jpseudomodaldialogtitlebar : public juce::Component
 {
 public:

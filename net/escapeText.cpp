@@ -1,4 +1,4 @@
-#include "net/escapeFormText.h"
+#include "net/escapeText.h"
 #include <cstring>
 #include <string>
 
