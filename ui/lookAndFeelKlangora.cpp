@@ -1,112 +1,99 @@
 #include "ui/lookAndFeelKlangora.h"
 #include "app/installationPaths.h"
-#include "ui/imageOperations.h"
+#include "ui/palette.h"
 #include "ui/pictureDecoder.h"
 
-namespace
-{
-constexpr auto skinName = "generic_background.jpg";
+static constexpr auto skinName = "generic_background.jpg";
 
-constexpr juce::uint32 dark = 0xff16181c; // where no picture shows
-constexpr juce::uint32 panel = 0xff24272d;
-constexpr juce::uint32 body = 0xff4b525d;
-constexpr juce::uint32 text = 0xffeeece6;
-constexpr juce::uint32 quietText = 0xffb9b8b2;
-constexpr juce::uint32 accent = 0xffffb454;
-constexpr juce::uint32 selection = 0x66ffb454;
-constexpr juce::uint32 sunken = 0xd908090b; // brightened where it is painted
-constexpr juce::uint32 hairline = 0x66ffffff;
-constexpr juce::uint32 well = 0x66000000; // sunken areas: lists, tracks, text boxes
-constexpr juce::uint32 none = 0x00000000;
-
-constexpr struct
+static constexpr struct
 {
     int id;
     juce::uint32 argb;
 } skinColours[] = {
-    { juce::TextButton::buttonColourId, body },
+    { juce::TextButton::buttonColourId, palette::body },
     { juce::TextButton::buttonOnColourId, 0xff6e5a3c },
-    { juce::TextButton::textColourOnId, text },
-    { juce::TextButton::textColourOffId, text },
+    { juce::TextButton::textColourOnId, palette::text },
+    { juce::TextButton::textColourOffId, palette::text },
 
-    { juce::ToggleButton::textColourId, text },
-    { juce::ToggleButton::tickColourId, accent },
+    { juce::ToggleButton::textColourId, palette::text },
+    { juce::ToggleButton::tickColourId, palette::accent },
     { juce::ToggleButton::tickDisabledColourId, 0xff8d8c88 },
 
-    { juce::Label::textColourId, text },
-    { juce::Label::textWhenEditingColourId, text },
+    { juce::Label::textColourId, palette::text },
+    { juce::Label::textWhenEditingColourId, palette::text },
 
-    { juce::TextEditor::backgroundColourId, sunken },
-    { juce::TextEditor::textColourId, text },
-    { juce::TextEditor::highlightColourId, selection },
-    { juce::TextEditor::highlightedTextColourId, 0xffffffff },
-    { juce::TextEditor::outlineColourId, hairline },
-    { juce::TextEditor::focusedOutlineColourId, accent },
-    { juce::CaretComponent::caretColourId, accent },
+    { juce::TextEditor::backgroundColourId, palette::sunken },
+    { juce::TextEditor::textColourId, palette::text },
+    { juce::TextEditor::highlightColourId, palette::selection },
+    { juce::TextEditor::highlightedTextColourId, palette::brightText },
+    { juce::TextEditor::outlineColourId, palette::hairline },
+    { juce::TextEditor::focusedOutlineColourId, palette::accent },
+    { juce::CaretComponent::caretColourId, palette::accent },
 
     { juce::GroupComponent::outlineColourId, 0x40ffffff },
-    { juce::GroupComponent::textColourId, text },
+    { juce::GroupComponent::textColourId, palette::text },
 
-    { juce::ComboBox::backgroundColourId, body },
-    { juce::ComboBox::buttonColourId, body },
-    { juce::ComboBox::textColourId, text },
-    { juce::ComboBox::arrowColourId, text },
-    { juce::ComboBox::outlineColourId, hairline },
-    { juce::ComboBox::focusedOutlineColourId, accent },
+    { juce::ComboBox::backgroundColourId, palette::body },
+    { juce::ComboBox::buttonColourId, palette::body },
+    { juce::ComboBox::textColourId, palette::text },
+    { juce::ComboBox::arrowColourId, palette::text },
+    { juce::ComboBox::outlineColourId, palette::hairline },
+    { juce::ComboBox::focusedOutlineColourId, palette::accent },
 
-    { juce::PopupMenu::backgroundColourId, panel },
-    { juce::PopupMenu::textColourId, text },
-    { juce::PopupMenu::headerTextColourId, quietText },
+    { juce::PopupMenu::backgroundColourId, palette::panel },
+    { juce::PopupMenu::textColourId, palette::text },
+    { juce::PopupMenu::headerTextColourId, palette::quietText },
     { juce::PopupMenu::highlightedBackgroundColourId, 0x40ffffff },
-    { juce::PopupMenu::highlightedTextColourId, 0xffffffff },
+    { juce::PopupMenu::highlightedTextColourId, palette::brightText },
 
-    { juce::AlertWindow::backgroundColourId, panel },
-    { juce::AlertWindow::textColourId, text },
+    { juce::AlertWindow::backgroundColourId, palette::panel },
+    { juce::AlertWindow::textColourId, palette::text },
     { juce::AlertWindow::outlineColourId, 0x88ffffff },
 
-    { juce::TooltipWindow::backgroundColourId, panel },
-    { juce::TooltipWindow::textColourId, text },
-    { juce::TooltipWindow::outlineColourId, hairline },
+    { juce::TooltipWindow::backgroundColourId, palette::panel },
+    { juce::TooltipWindow::textColourId, palette::text },
+    { juce::TooltipWindow::outlineColourId, palette::hairline },
 
     { juce::Slider::trackColourId, 0x99000000 },
     { juce::Slider::thumbColourId, 0xff636a76 },
-    { juce::Slider::rotarySliderFillColourId, accent },
-    { juce::Slider::rotarySliderOutlineColourId, hairline },
-    { juce::Slider::textBoxTextColourId, text },
-    { juce::Slider::textBoxBackgroundColourId, well },
-    { juce::Slider::textBoxHighlightColourId, selection },
-    { juce::Slider::textBoxOutlineColourId, hairline },
+    { juce::Slider::rotarySliderFillColourId, palette::accent },
+    { juce::Slider::rotarySliderOutlineColourId, palette::hairline },
+    { juce::Slider::textBoxTextColourId, palette::text },
+    { juce::Slider::textBoxBackgroundColourId, palette::well },
+    { juce::Slider::textBoxHighlightColourId, palette::selection },
+    { juce::Slider::textBoxOutlineColourId, palette::hairline },
 
-    { juce::ScrollBar::trackColourId, well },
+    { juce::ScrollBar::trackColourId, palette::well },
     { juce::ScrollBar::thumbColourId, 0x80ffffff },
 
-    { juce::ListBox::backgroundColourId, well },
-    { juce::ListBox::outlineColourId, hairline },
-    { juce::ListBox::textColourId, text },
-    { juce::TreeView::linesColourId, hairline },
-    { juce::TreeView::selectedItemBackgroundColourId, selection },
+    { juce::ListBox::backgroundColourId, palette::well },
+    { juce::ListBox::outlineColourId, palette::hairline },
+    { juce::ListBox::textColourId, palette::text },
+    { juce::TreeView::linesColourId, palette::hairline },
+    { juce::TreeView::selectedItemBackgroundColourId, palette::selection },
 
-    { juce::DirectoryContentsDisplayComponent::highlightColourId, selection },
-    { juce::DirectoryContentsDisplayComponent::textColourId, text },
-    { juce::DirectoryContentsDisplayComponent::highlightedTextColourId, 0xffffffff },
-    { juce::FileBrowserComponent::currentPathBoxBackgroundColourId, body },
-    { juce::FileBrowserComponent::currentPathBoxTextColourId, text },
-    { juce::FileBrowserComponent::currentPathBoxArrowColourId, text },
-    { juce::FileBrowserComponent::filenameBoxBackgroundColourId, sunken },
-    { juce::FileBrowserComponent::filenameBoxTextColourId, text },
-    { juce::FileChooserDialogBox::titleTextColourId, text },
+    { juce::DirectoryContentsDisplayComponent::highlightColourId, palette::selection },
+    { juce::DirectoryContentsDisplayComponent::textColourId, palette::text },
+    { juce::DirectoryContentsDisplayComponent::highlightedTextColourId, palette::brightText },
+    { juce::FileBrowserComponent::currentPathBoxBackgroundColourId, palette::body },
+    { juce::FileBrowserComponent::currentPathBoxTextColourId, palette::text },
+    { juce::FileBrowserComponent::currentPathBoxArrowColourId, palette::text },
+    { juce::FileBrowserComponent::filenameBoxBackgroundColourId, palette::sunken },
+    { juce::FileBrowserComponent::filenameBoxTextColourId, palette::text },
+    { juce::FileChooserDialogBox::titleTextColourId, palette::text },
 
-    { juce::ProgressBar::backgroundColourId, well },
-    { juce::ProgressBar::foregroundColourId, accent },
-    { juce::HyperlinkButton::textColourId, accent },
-    { juce::BubbleComponent::backgroundColourId, panel },
-    { juce::BubbleComponent::outlineColourId, hairline },
-    { juce::ResizableWindow::backgroundColourId, dark },
-    { juce::DocumentWindow::textColourId, text },
+    { juce::ProgressBar::backgroundColourId, palette::well },
+    { juce::ProgressBar::foregroundColourId, palette::accent },
+    { juce::HyperlinkButton::textColourId, palette::accent },
+    { juce::BubbleComponent::backgroundColourId, palette::panel },
+    { juce::BubbleComponent::outlineColourId, palette::hairline },
+    { juce::ResizableWindow::backgroundColourId, palette::dark },
+    { juce::DocumentWindow::textColourId, palette::text },
 };
 
-/** Owns the installed look and feel. The framework deletes the last made first, so this goes before the desktop,
-    which refers to it weakly. */
+namespace
+{
+/** Owns the installed look and feel until the framework ends. The desktop refers to it weakly. */
 struct installedLook : juce::DeletedAtShutdown
 {
     lookAndFeelKlangora look;
@@ -114,7 +101,7 @@ struct installedLook : juce::DeletedAtShutdown
 }
 
 lookAndFeelKlangora::lookAndFeelKlangora()
-    : baseColour (body)
+    : baseColour (palette::body)
 {
     for (auto& colour : skinColours)
         setColour (colour.id, juce::Colour (colour.argb));
@@ -122,7 +109,8 @@ lookAndFeelKlangora::lookAndFeelKlangora()
 
 void lookAndFeelKlangora::install()
 {
-    juce::Desktop::getInstance(); // before the holder, see there
+    // What is deleted at shutdown goes in the reverse order of its making: the look and feel before the desktop.
+    juce::Desktop::getInstance();
 
     if (dynamic_cast<lookAndFeelKlangora*> (&getDefaultLookAndFeel()) == nullptr)
         setDefaultLookAndFeel (&(new installedLook())->look);
@@ -164,7 +152,7 @@ void lookAndFeelKlangora::paintBackground (juce::Graphics& g, const juce::Compon
                                            int height, bool shadeBottomEdge)
 {
     const juce::Colour shade (0x55000000);
-    g.setColour (juce::Colour (dark));
+    g.setColour (juce::Colour (palette::dark));
     g.fillRect (0, 0, width, height);
 
     if (const auto picture = getSkinBackground(); picture.isValid())

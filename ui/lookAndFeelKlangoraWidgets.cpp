@@ -1,29 +1,29 @@
 #include "ui/SliderLabelCompKlangora.h"
+#include "ui/drawShadedBody.h"
 #include "ui/imageOperations.h"
 #include "ui/lookAndFeelKlangora.h"
+#include <cmath>
 
-namespace
-{
-constexpr float bodyAlpha = 0.7f, hoverBrightness = 1.5f, disabledAlpha = 0.5f;
+static constexpr float bodyAlpha = 0.7f, hoverBrightness = 1.5f, disabledAlpha = 0.5f;
 
-void drawBody (juce::Graphics& g, juce::Rectangle<float> area, juce::Colour colour, bool highlighted,
-               bool down)
+static void drawBody (juce::Graphics& g, juce::Rectangle<float> area, juce::Colour colour, bool highlighted,
+                      bool down)
 {
     drawShadedBody (g, area, colour, 1.0f, -100.0f, 1.0f, highlighted, down);
 }
 
-juce::Colour scaledBrightness (juce::Colour colour, float factor)
+static juce::Colour scaledBrightness (juce::Colour colour, float factor)
 {
     return colour.withMultipliedBrightness (juce::jmax (0.0f, factor));
 }
 
-juce::Font boldFont (float componentHeight)
+static juce::Font boldFont (float componentHeight)
 {
     return { 0.5f + 0.5f * componentHeight, juce::Font::bold };
 }
 
 /** The sheet of paper, or the folder, of a file row. */
-juce::Path fileShape (juce::Rectangle<float> area, bool isDirectory)
+static juce::Path fileShape (juce::Rectangle<float> area, bool isDirectory)
 {
     juce::Path shape;
 
@@ -47,7 +47,6 @@ juce::Path fileShape (juce::Rectangle<float> area, bool isDirectory)
     }
 
     return shape;
-}
 }
 
 bool lookAndFeelKlangora::areScrollbarButtonsVisible()
