@@ -1,27 +1,21 @@
 #include "content/store_downloads.h"
 #include "assets.h"
 #include "content/itemDecision.h"
+#include "content/itemDownload.h"
 #include "net/storeAddress.h"
 #include "store/showAttention.h"
 #include "ui/busyCursor.h"
 #include "ui/pagePanel.h"
 
-namespace
-{
-constexpr int downloadTimer = 200, downloadTimerMs = 50;
+static constexpr int downloadTimer = 200, downloadTimerMs = 50;
 
-constexpr float labelHeight = 15.0f;
-
-// Their union lies in the middle of the page, which is how large the store dialog makes it.
-const juce::Rectangle<int> groupBounds (50, 105, 600, 290);
-const juce::Rectangle<int> buttonBounds (275, 148, 150, 28);
-const juce::Rectangle<int> descriptionBounds (70, 196, 560, 80);
-const juce::Rectangle<int> statusBounds (85, 306, 530, 24);
-const juce::Rectangle<int> progressBounds (90, 334, 520, 4);
+static const juce::Rectangle<int> progressBounds (90, 334, 520, 4);
 
 /** What the user is told at the end of a run, box by box. */
-juce::StringArray summaryOf (const juce::StringArray& downloadedNames, const juce::StringArray& failedTargets,
-                             const juce::StringArray& outOfDateNames, const juce::StringArray& upToDateNames)
+static juce::StringArray summaryOf (const juce::StringArray& downloadedNames,
+                                    const juce::StringArray& failedTargets,
+                                    const juce::StringArray& outOfDateNames,
+                                    const juce::StringArray& upToDateNames)
 {
     juce::StringArray boxes;
 
@@ -46,31 +40,27 @@ juce::StringArray summaryOf (const juce::StringArray& downloadedNames, const juc
 
     return boxes;
 }
-}
 
 store_downloads::store_downloads (genericlistener& storeDialog, const juce::String& folderToInstallBelow)
     : dialog (storeDialog),
       installationFolder (folderToInstallBelow),
-      group ("new group", "Downloads"),
-      downloadButton ("new button"),
-      description ("New and updated contents that you own are downloaded from the Rigmart:\n"
-                   "amp & effect modules, sound contents and IR libraries.\n\n"
-                   "You may download them any number of times, to any number of computers.",
-                   juce::Font (labelHeight)),
-      status ({}, juce::Font (labelHeight)),
-      banner (juce::ImageCache::getFromMemory (assets::bannerwelcome_png, assets::bannerwelcome_pngSize))
+      // The union of the children lies in the middle of the page, which is how large the store dialog makes it.
+      content (*this, { { group, "Downloads", { 50, 105, 600, 290 } },
+                        { downloadButton, "Download!", { 275, 148, 150, 28 } },
+                        { description,
+                          "New and updated contents that you own are downloaded from the Rigmart:\n"
+                          "amp & effect modules, sound contents and IR libraries.\n\n"
+                          "You may download them any number of times, to any number of computers.",
+                          { 70, 196, 560, 80 } },
+                        { status, {}, { 85, 306, 530, 24 } } }),
+      focus (*this, downloadButton),
+      banner (assets::bannerwelcome_png, assets::bannerwelcome_pngSize)
 {
-    downloadButton.setButtonText ("Download!");
     downloadButton.setTooltip (
         "Click here to download everything that is yours! It will automatically be installed.");
     downloadButton.addListener (this);
     description.setJustificationType (juce::Justification::centred);
     status.setMinimumHorizontalScale (1.0f); // a long name ends in an ellipsis, unsqueezed
-
-    addAndMakeVisible (group);
-    addAndMakeVisible (downloadButton);
-    addAndMakeVisible (description);
-    addAndMakeVisible (status);
     setSize (700, 500);
 }
 
@@ -78,7 +68,7 @@ store_downloads::~store_downloads() = default;
 
 void store_downloads::paint (juce::Graphics& g)
 {
-    g.drawImageAt (banner, 0, 0);
+    banner.draw (g);
     drawPagePanel (g, group);
 
     if (run.total == 0)
@@ -92,16 +82,7 @@ void store_downloads::paint (juce::Graphics& g)
 
 void store_downloads::resized()
 {
-    group.setBounds (groupBounds);
-    downloadButton.setBounds (buttonBounds);
-    description.setBounds (descriptionBounds);
-    status.setBounds (statusBounds);
-}
-
-void store_downloads::visibilityChanged()
-{
-    if (isShowing() && ! isCurrentlyBlockedByAnotherModalComponent())
-        downloadButton.grabKeyboardFocus();
+    content.layOut();
 }
 
 void store_downloads::buttonClicked (juce::Button* button)

@@ -1,9 +1,14 @@
 #pragma once
 
 #include "content/DownloadItem.h"
-#include "content/itemDownload.h"
 #include "store/genericlistener.h"
+#include "ui/firstFocus.h"
+#include "ui/pageBanner.h"
+#include "ui/pageContent.h"
 #include "ui/pageLabel.h"
+#include <memory>
+
+class itemDownload;
 
 /** The downloads page: one button that fetches the catalogue and then downloads, item by item, whatever of it is
     newer than what is installed. The store dialog holds the catalogue and the login; see its messages and
@@ -21,7 +26,6 @@ public:
 
     void paint (juce::Graphics& g) override;
     void resized() override;
-    void visibilityChanged() override;
     void buttonClicked (juce::Button* button) override;
     void timerCallback (int timerId) override;
 
@@ -57,7 +61,9 @@ private:
     juce::GroupComponent group;
     juce::TextButton downloadButton;
     pageLabel description, status;
-    juce::Image banner;
+    const pageContent content;
+    const firstFocus focus;
+    const pageBanner banner;
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (store_downloads)
 };

@@ -4,15 +4,13 @@
 #include "net/storeAddress.h"
 #include "store/showAttention.h"
 #include "ui/pagePanel.h"
+#include "ui/palette.h"
+
+static constexpr float headingHeight = 17.0f, hintHeight = 13.0f;
+static constexpr juce::juce_wchar passwordCharacter = '*';
 
 namespace
 {
-constexpr juce::juce_wchar passwordCharacter = '*';
-constexpr juce::uint32 bannerFill = 0xff16181c, headingColour = 0xffffb454;
-
-const juce::Rectangle<int> bannerBounds (0, 0, 700, 48);
-constexpr float labelHeight = 15.0f, headingHeight = 17.0f, hintHeight = 13.0f;
-
 /** Keeps a button looking pressed while what it asked for goes on. */
 class pressedState
 {
@@ -35,137 +33,93 @@ public:
 private:
     const juce::Component::SafePointer<juce::Button> button;
 };
+}
 
 /** The text of two editors that hold the same, else none. */
-juce::String agreedText (const juce::TextEditor& first, const juce::TextEditor& second)
+static juce::String agreedText (const juce::TextEditor& first, const juce::TextEditor& second)
 {
     return first.getText() == second.getText() ? first.getText() : juce::String();
 }
 
-template <typename Action, typename... Items>
-void forEach (Action action, Items&... items)
-{
-    (action (items), ...);
-}
-
-bool isSuccess (const juce::var& answer)
+static bool isSuccess (const juce::var& answer)
 {
     return answer.equalsWithSameType (1);
 }
-}
 
 store_auth::store_auth (genericlistener& storeDialog, const juce::String& installationFolder)
-    : banner (juce::ImageCache::getFromMemory (assets::banneraccount_png, assets::banneraccount_pngSize)),
-      backdrop ({}, juce::Font (labelHeight)),
-      loginGroup ("new group", "Authenticate"),
-      loginAddressLabel ("Email address", juce::Font (labelHeight)),
-      loginPasswordLabel ("Password", juce::Font (labelHeight)),
-      creationGroup ("new group", "Create new account"),
-      creationAddressLabel ("Email address", juce::Font (labelHeight)),
-      creationPasswordLabel ("Password", juce::Font (labelHeight)),
-      confirmAddressLabel ("Confirm email", juce::Font (labelHeight)),
-      confirmPasswordLabel ("Confirm password", juce::Font (labelHeight)),
-      loginHeading ("Have a Dorvik account?", juce::Font (headingHeight, juce::Font::bold)),
-      creationHeading ("Just getting started?", juce::Font (headingHeight, juce::Font::bold)),
-      loginButton ("new button"),
-      loginPassword ("new text editor", passwordCharacter),
-      loginAddress ("new text editor"),
-      creationButton ("new button"),
-      confirmPassword ("new text editor", passwordCharacter),
-      creationPassword ("new text editor", passwordCharacter),
-      confirmAddress ("new text editor"),
-      creationAddress ("new text editor"),
-      rememberToggle ("new toggle button"),
-      passwordHint ("Forgot your password? Please go to " + storeAddress(), juce::Font (hintHeight)),
+    : loginHeading (juce::Font (headingHeight, juce::Font::bold)),
+      creationHeading (juce::Font (headingHeight, juce::Font::bold)),
+      loginPassword (passwordCharacter),
+      confirmPassword (passwordCharacter),
+      creationPassword (passwordCharacter),
+      passwordHint (juce::Font (hintHeight)),
+      content (
+          *this,
+          { { backdrop, {}, { 0, 0, 700, 500 } },
+            { loginGroup, "Authenticate", { 48, 109, 288, 312 } },
+            { loginAddressLabel, "Email address", { 72, 138, 150, 24 } },
+            { loginPasswordLabel, "Password", { 72, 194, 150, 24 } },
+            { creationGroup, "Create new account", { 360, 110, 288, 312 } },
+            { creationAddressLabel, "Email address", { 384, 138, 150, 24 } },
+            { creationPasswordLabel, "Password", { 384, 266, 150, 24 } },
+            { confirmAddressLabel, "Confirm email", { 387, 190, 150, 24 } },
+            { confirmPasswordLabel, "Confirm password", { 386, 316, 150, 24 } },
+            { loginHeading, "Have a Dorvik account?", { 48, 77, 280, 24 } },
+            { creationHeading, "Just getting started?", { 360, 77, 288, 24 } },
+            { loginButton, "Authenticate", { 112, 252, 150, 24 } },
+            { loginPassword, "Password", { 72, 218, 240, 24 } },
+            { loginAddress, "Email address", { 72, 162, 240, 24 } },
+            { creationButton, "Create account", { 432, 380, 150, 24 } },
+            { confirmPassword, "Confirm password", { 386, 340, 240, 24 } },
+            { creationPassword, "Password", { 384, 290, 240, 24 } },
+            { confirmAddress, "Confirm email", { 387, 214, 240, 24 } },
+            { creationAddress, "Email address", { 384, 162, 240, 24 } },
+            { rememberToggle, "Remember me", { 64, 380, 256, 24 } },
+            { passwordHint, "Forgot your password? Please go to " + storeAddress(), { 48, 424, 424, 24 } } }),
+      focus (*this, loginAddress),
+      banner (assets::banneraccount_png, assets::banneraccount_pngSize),
       dialog (storeDialog),
       remembered (installationFolder)
 {
-    loginButton.setButtonText ("Authenticate");
-    creationButton.setButtonText ("Create account");
-    rememberToggle.setButtonText ("Remember me");
     rememberToggle.setTooltip (
         "Your user name and password will be stored on the disk of this computer. It "
         "will be not be stored in clear text but may be a security concern none the less.");
 
-    forEach ([this] (auto& child) { addAndMakeVisible (child); }, backdrop, loginGroup, loginAddressLabel,
-             loginPasswordLabel, creationGroup, creationAddressLabel, creationPasswordLabel,
-             confirmAddressLabel, confirmPasswordLabel, loginHeading, creationHeading, loginButton,
-             loginPassword, loginAddress, creationButton, confirmPassword, creationPassword, confirmAddress,
-             creationAddress, rememberToggle, passwordHint);
+    for (auto* heading : { &loginHeading, &creationHeading })
+        heading->setColour (juce::Label::textColourId, juce::Colour (palette::accent));
 
-    forEach ([position = 0] (auto& control) mutable { control.setExplicitFocusOrder (++position); },
-             loginAddress, loginPassword, loginButton, rememberToggle, creationAddress, confirmAddress,
-             creationPassword, confirmPassword, creationButton);
+    for (auto* editor : { &loginPassword, &loginAddress, &confirmPassword, &creationPassword, &confirmAddress,
+                          &creationAddress })
+        editor->addListener (this);
 
-    forEach (
-        [] (auto& heading) { heading.setColour (juce::Label::textColourId, juce::Colour (headingColour)); },
-        loginHeading, creationHeading);
+    loginButton.addListener (this);
+    creationButton.addListener (this);
+    rememberToggle.addListener (this);
 
-    forEach ([this] (auto& button) { button.addListener (this); }, loginButton, creationButton,
-             rememberToggle);
+    int place = 0;
 
-    setUpEditor (loginPassword, loginPasswordLabel);
-    setUpEditor (loginAddress, loginAddressLabel);
-    setUpEditor (confirmPassword, confirmPasswordLabel);
-    setUpEditor (creationPassword, creationPasswordLabel);
-    setUpEditor (confirmAddress, confirmAddressLabel);
-    setUpEditor (creationAddress, creationAddressLabel);
+    for (juce::Component* control : std::initializer_list<juce::Component*>{
+             &loginAddress, &loginPassword, &loginButton, &rememberToggle, &creationAddress, &confirmAddress,
+             &creationPassword, &confirmPassword, &creationButton })
+        control->setExplicitFocusOrder (++place);
 
     setSize (700, 500);
     updateButtons();
     loadRememberedLogin();
 }
 
-void store_auth::setUpEditor (juce::TextEditor& editor, const juce::Label& label)
-{
-    editor.setTitle (label.getText());
-    editor.setFont (juce::Font (labelHeight));
-    editor.setIndents (4, 0);
-    editor.setJustification (juce::Justification::centredLeft);
-    editor.setSelectAllWhenFocused (true);
-    editor.setEscapeAndReturnKeysConsumed (false); // Escape is the dialog's
-    editor.addListener (this);
-}
-
 void store_auth::paint (juce::Graphics& g)
 {
-    g.setColour (juce::Colour (bannerFill));
-    g.fillRect (bannerBounds);
-    g.setOpacity (1.0f);
-    g.drawImage (banner, bannerBounds.toFloat(), juce::RectanglePlacement::stretchToFit);
+    g.setColour (juce::Colour (palette::dark));
+    g.fillRect (pageBanner::bounds);
+    banner.draw (g, juce::RectanglePlacement::stretchToFit);
     drawPagePanel (g, loginGroup);
     drawPagePanel (g, creationGroup);
 }
 
 void store_auth::resized()
 {
-    backdrop.setBounds (0, 0, 700, 500);
-    loginGroup.setBounds (48, 109, 288, 312);
-    loginAddressLabel.setBounds (72, 138, 150, 24);
-    loginPasswordLabel.setBounds (72, 194, 150, 24);
-    creationGroup.setBounds (360, 110, 288, 312);
-    creationAddressLabel.setBounds (384, 138, 150, 24);
-    creationPasswordLabel.setBounds (384, 266, 150, 24);
-    confirmAddressLabel.setBounds (387, 190, 150, 24);
-    confirmPasswordLabel.setBounds (386, 316, 150, 24);
-    loginHeading.setBounds (48, 77, 280, 24);
-    creationHeading.setBounds (360, 77, 288, 24);
-    loginButton.setBounds (112, 252, 150, 24);
-    loginPassword.setBounds (72, 218, 240, 24);
-    loginAddress.setBounds (72, 162, 240, 24);
-    creationButton.setBounds (432, 380, 150, 24);
-    confirmPassword.setBounds (386, 340, 240, 24);
-    creationPassword.setBounds (384, 290, 240, 24);
-    confirmAddress.setBounds (387, 214, 240, 24);
-    creationAddress.setBounds (384, 162, 240, 24);
-    rememberToggle.setBounds (64, 380, 256, 24);
-    passwordHint.setBounds (48, 424, 424, 24);
-}
-
-void store_auth::visibilityChanged()
-{
-    if (isShowing() && ! isCurrentlyBlockedByAnotherModalComponent())
-        loginAddress.grabKeyboardFocus();
+    content.layOut();
 }
 
 void store_auth::buttonClicked (juce::Button* button)

@@ -2,6 +2,10 @@
 
 #include "net/rememberedLogin.h"
 #include "store/genericlistener.h"
+#include "ui/firstFocus.h"
+#include "ui/pageBanner.h"
+#include "ui/pageContent.h"
+#include "ui/pageEditor.h"
 #include "ui/pageLabel.h"
 
 /** The account page: one form to log on, one to create an account. Asks its dialog with the requests "POST auth" and
@@ -19,20 +23,17 @@ public:
 
     void paint (juce::Graphics&) override;
     void resized() override;
-    void visibilityChanged() override;
     void buttonClicked (juce::Button*) override;
     void textEditorTextChanged (juce::TextEditor&) override;
     void textEditorReturnKeyPressed (juce::TextEditor&) override;
 
 private:
-    void setUpEditor (juce::TextEditor&, const juce::Label&);
     void logOn();
     void createAccount();
     void updateButtons();
     void loadRememberedLogin();
     void saveOrForgetLogin();
 
-    juce::Image banner;
     pageLabel backdrop;
     juce::GroupComponent loginGroup;
     pageLabel loginAddressLabel, loginPasswordLabel;
@@ -40,11 +41,14 @@ private:
     pageLabel creationAddressLabel, creationPasswordLabel, confirmAddressLabel, confirmPasswordLabel;
     pageLabel loginHeading, creationHeading;
     juce::TextButton loginButton;
-    juce::TextEditor loginPassword, loginAddress;
+    pageEditor loginPassword, loginAddress;
     juce::TextButton creationButton;
-    juce::TextEditor confirmPassword, creationPassword, confirmAddress, creationAddress;
+    pageEditor confirmPassword, creationPassword, confirmAddress, creationAddress;
     juce::ToggleButton rememberToggle;
     pageLabel passwordHint;
+    const pageContent content;
+    const firstFocus focus;
+    const pageBanner banner;
     genericlistener& dialog;
     const rememberedLogin remembered;
 

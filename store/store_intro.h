@@ -1,6 +1,9 @@
 #pragma once
 
 #include "store/genericlistener.h"
+#include "ui/firstFocus.h"
+#include "ui/pageBanner.h"
+#include "ui/pageContent.h"
 #include "ui/pageLabel.h"
 
 /** The welcome page: what the program is for, and the button that leads on. Sends the message "intro done". */
@@ -12,7 +15,6 @@ public:
 
     void paint (juce::Graphics&) override;
     void resized() override;
-    void visibilityChanged() override;
     void buttonClicked (juce::Button*) override;
     void buttonStateChanged (juce::Button*) override;
 
@@ -20,8 +22,10 @@ private:
     pageLabel background;
     juce::TextButton logOnButton;
     pageLabel dropCap, body, welcome;
+    const pageContent content;
+    const firstFocus focus;
     genericlistener& listener;
-    juce::Image banner;
+    const pageBanner banner;
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (store_intro)
 };

@@ -1,4 +1,6 @@
 #include "app/installationPaths.h"
+#include "base/safeFileWriter.h"
+#include "content/receiveBuffer.h"
 #include "content/store_downloads.h"
 #include "sandbox/archiveWriter.h"
 #include "store/showAttention.h"

@@ -1,7 +1,6 @@
 #include "ui/pageLabel.h"
 
-pageLabel::pageLabel (const juce::String& text, const juce::Font& fontToUse)
-    : Label ("new label", text)
+pageLabel::pageLabel (const juce::Font& fontToUse)
 {
     setFont (fontToUse);
     setJustificationType (juce::Justification::centredLeft);

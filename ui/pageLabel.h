@@ -6,7 +6,10 @@
 class pageLabel : public juce::Label
 {
 public:
-    pageLabel (const juce::String& text, const juce::Font& fontToUse);
+    /** The height of a page's plain text, in its units. */
+    static constexpr float textHeight = 15.0f;
+
+    explicit pageLabel (const juce::Font& fontToUse = juce::Font (textHeight));
 
 private:
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (pageLabel)
