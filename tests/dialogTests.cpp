@@ -1,3 +1,4 @@
+#include "tests/support/mouse.h"
 #include "tests/support/recordingListener.h"
 #include "tests/support/waiting.h"
 #include "ui/dialogRectTable.h"
@@ -79,24 +80,6 @@ struct stage
     std::unique_ptr<keyEater> holder = std::make_unique<keyEater>();
     juce::Component behind;
 };
-
-/** The mouse moves to a point of a component, and there its button is or isn't down. */
-static void mouse (juce::Component& component, int x, int y, bool isDown)
-{
-    auto& peer = *component.getPeer();
-    auto& window = peer.getComponent();
-    const auto scale = (float) peer.getBounds().getWidth() / (float) window.getWidth();
-    const auto position = window.getLocalPoint (&component, juce::Point<int> (x, y)).toFloat() * scale;
-    peer.handleMouseEvent (juce::MouseInputSource::InputSourceType::mouse, position,
-                           isDown ? juce::ModifierKeys::leftButtonModifier : 0, 0.0f, 0.0f,
-                           juce::Time::currentTimeMillis());
-}
-
-static void click (juce::Component& component, int x, int y)
-{
-    mouse (component, x, y, false);
-    mouse (component, x, y, true);
-}
 
 static void checkNothingLeft()
 {
