@@ -5,11 +5,14 @@
 #include "net/storeAddress.h"
 #include "store/showAttention.h"
 #include "ui/busyCursor.h"
+#include "ui/drawProgress.h"
 #include "ui/pagePanel.h"
+#include "ui/palette.h"
 
 static constexpr int downloadTimer = 200, downloadTimerMs = 50;
 
-static const juce::Rectangle<int> progressBounds (90, 334, 520, 4);
+static const juce::Rectangle<int> itemProgressBounds (90, 256, 520, 8), runProgressBounds (90, 269, 520, 5);
+static const juce::Rectangle<int> outcomesBounds (90, 284, 520, 114);
 
 /** What the user is told at the end of a run, box by box. */
 static juce::StringArray summaryOf (const juce::StringArray& downloadedNames,
@@ -45,14 +48,14 @@ store_downloads::store_downloads (genericlistener& storeDialog, const juce::Stri
     : dialog (storeDialog),
       installationFolder (folderToInstallBelow),
       // The union of the children lies in the middle of the page, which is how large the store dialog makes it.
-      content (*this, { { group, "Downloads", { 50, 105, 600, 290 } },
-                        { downloadButton, "Download!", { 275, 148, 150, 28 } },
+      content (*this, { { group, "Downloads", { 50, 85, 600, 330 } },
+                        { downloadButton, "Download!", { 275, 108, 150, 28 } },
                         { description,
                           "New and updated contents that you own are downloaded from the Rigmart:\n"
                           "amp & effect modules, sound contents and IR libraries.\n\n"
                           "You may download them any number of times, to any number of computers.",
-                          { 70, 196, 560, 80 } },
-                        { status, {}, { 85, 306, 530, 24 } } }),
+                          { 70, 142, 560, 80 } },
+                        { status, {}, { 85, 228, 530, 24 } } }),
       focus (*this, downloadButton),
       banner (assets::bannerwelcome_png, assets::bannerwelcome_pngSize)
 {
@@ -60,7 +63,6 @@ store_downloads::store_downloads (genericlistener& storeDialog, const juce::Stri
         "Click here to download everything that is yours! It will automatically be installed.");
     downloadButton.addListener (this);
     description.setJustificationType (juce::Justification::centred);
-    status.setMinimumHorizontalScale (1.0f); // a long name ends in an ellipsis, unsqueezed
     setSize (700, 500);
 }
 
@@ -71,13 +73,14 @@ void store_downloads::paint (juce::Graphics& g)
     banner.draw (g);
     drawPagePanel (g, group);
 
+    outcomes.paint (g, outcomesBounds, "What a download has done is listed here.");
+
     if (run.total == 0)
         return;
 
-    g.setColour (findColour (juce::ProgressBar::backgroundColourId));
-    g.fillRect (progressBounds);
-    g.setColour (findColour (juce::ProgressBar::foregroundColourId));
-    g.fillRect (progressBounds.withWidth (progressBounds.getWidth() * percent / 100));
+    const auto ofItem = 0.01 * percent;
+    drawProgress (g, itemProgressBounds, ofItem);
+    drawProgress (g, runProgressBounds, (run.index - 1 + ofItem) / run.total);
 }
 
 void store_downloads::resized()
@@ -89,6 +92,17 @@ void store_downloads::buttonClicked (juce::Button* button)
 {
     if (button == &downloadButton)
         startRun();
+}
+
+void store_downloads::mouseWheelMove (const juce::MouseEvent& e, const juce::MouseWheelDetails& wheel)
+{
+    constexpr float linesPerTurn = 10.0f;
+
+    if (outcomesBounds.contains (e.getEventRelativeTo (this).getPosition()))
+    {
+        outcomes.scrollBack (juce::roundToInt (linesPerTurn * wheel.deltaY), outcomesBounds);
+        repaint (outcomesBounds);
+    }
 }
 
 void store_downloads::timerCallback (int timerId)
@@ -124,6 +138,7 @@ void store_downloads::startRun()
     const SafePointer<store_downloads> self (this);
 
     run = {};
+    outcomes.clear();
     downloadButton.setEnabled (false);
     dialog.handleMessage ("list", {}, {}, {});
 
@@ -155,9 +170,9 @@ void store_downloads::continueRun()
             return openDownload();
 
         if (decision == itemDecision::blocked)
-            run.outOfDateNames.add (item.name);
+            addOutcome (run.outOfDateNames, "too new", palette::accent);
         else if (decision == itemDecision::current)
-            run.upToDateNames.add (item.name);
+            addOutcome (run.upToDateNames, "current", palette::quietText);
         else if (! reportFailure ("Failed to write file:\n" + item.target))
             return;
 
@@ -197,6 +212,7 @@ void store_downloads::openDownload()
         return;
     }
 
+    addFailure();
     showAttention (refusal);
 
     if (self == nullptr)
@@ -224,7 +240,7 @@ void store_downloads::finishDownload()
         const busyCursor busy;
 
         if (download->save (item.target))
-            run.downloadedNames.add (item.name);
+            addOutcome (run.downloadedNames, "installed", palette::text);
         else
             failure = "Failed to write file:\n" + item.target;
     }
@@ -235,11 +251,24 @@ void store_downloads::finishDownload()
         continueRun();
 }
 
+void store_downloads::addOutcome (juce::StringArray& names, const char* outcome, juce::uint32 colour)
+{
+    names.add (item.name);
+    outcomes.add (item.name, outcome, colour);
+}
+
+void store_downloads::addFailure()
+{
+    outcomes.add (item.name, "failed", palette::failure);
+    repaint (outcomesBounds); // it shows behind the message box
+}
+
 bool store_downloads::reportFailure (const juce::String& message)
 {
     const SafePointer<store_downloads> self (this);
 
     run.failedTargets.add (item.target);
+    addFailure();
     showAttention (message);
     return self != nullptr;
 }
@@ -271,17 +300,13 @@ void store_downloads::updateStatus (int newPercent)
     if (! busy)
         download.reset();
 
-    juce::String line;
-
     if (busy)
-    {
-        line << "File " << run.index << "/" << run.total << " - " << item.name << " ";
+        status.setStatus ("File " + juce::String (run.index) + "/" + juce::String (run.total) + " - ",
+                          item.name,
+                          newPercent > 0 ? " " + juce::String (newPercent) + "%" : juce::String (" "));
+    else
+        status.setStatus ({}, {}, {});
 
-        if (newPercent > 0)
-            line << newPercent << "%";
-    }
-
-    status.setText (line, juce::dontSendNotification);
     percent = newPercent;
-    repaint (progressBounds);
+    repaint (itemProgressBounds.getUnion (outcomesBounds));
 }

@@ -3,9 +3,12 @@
 #include "content/DownloadItem.h"
 #include "store/genericlistener.h"
 #include "ui/firstFocus.h"
+#include "ui/outcomeList.h"
 #include "ui/pageBanner.h"
 #include "ui/pageContent.h"
 #include "ui/pageLabel.h"
+#include "ui/singlePressButton.h"
+#include "ui/statusLabel.h"
 #include <memory>
 
 class itemDownload;
@@ -27,6 +30,7 @@ public:
     void paint (juce::Graphics& g) override;
     void resized() override;
     void buttonClicked (juce::Button* button) override;
+    void mouseWheelMove (const juce::MouseEvent& e, const juce::MouseWheelDetails& wheel) override;
     void timerCallback (int timerId) override;
 
 private:
@@ -48,6 +52,10 @@ private:
     void endRun();
     void updateStatus (int percent);
 
+    /** Lists what became of `item`, the first one after it has counted it among its like. */
+    void addOutcome (juce::StringArray& names, const char* outcome, juce::uint32 colour);
+    void addFailure();
+
     /** Counts `item` as failed and says so. False when the page is gone afterwards. */
     bool reportFailure (const juce::String& message);
 
@@ -56,11 +64,13 @@ private:
     DownloadRun run;
     DownloadItem item; // the one that is received
     std::unique_ptr<itemDownload> download;
-    int percent = 0; // of `item`
+    int percent = 0;      // of `item`
+    outcomeList outcomes; // of this run, or of the last one
 
     juce::GroupComponent group;
-    juce::TextButton downloadButton;
-    pageLabel description, status;
+    singlePressButton downloadButton;
+    pageLabel description;
+    statusLabel status;
     const pageContent content;
     const firstFocus focus;
     const pageBanner banner;

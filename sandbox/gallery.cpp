@@ -1,12 +1,16 @@
-// Paints every widget of the look and feel in its states, and the message boxes, into pictures to look at:
+// Paints every widget of the look and feel in its states, the message boxes, and the pages into pictures to look at:
 //
 //     gallery FOLDER_OF_INTERFACE_PICTURES OUTPUT_FOLDER
 //
-// writes gallery-100.png, gallery-150.png and gallery-200.png, one for each scale of the screen. It needs a display,
-// because a component that has the keyboard focus lies in a window.
+// writes gallery-100.png, welcome-100.png, account-100.png and downloads-100.png, and the same at 125, 150 and 200
+// percent of the screen's scale. It needs a display, because a component that has the keyboard focus lies in a window.
 
 #include "app/installationPaths.h"
 #include "app/productName.h"
+#include "content/store_downloads.h"
+#include "net/store_auth.h"
+#include "store/jStoreDialog.h"
+#include "store/showAttention.h"
 #include "ui/jpseudomodaldialog.h"
 #include "ui/lookAndFeelKlangora.h"
 #include <iostream>
@@ -421,6 +425,109 @@ static juce::Image paintAll (sheet& widgets, const juce::OwnedArray<juce::AlertW
     return image;
 }
 
+/** Nobody is there to close a message box. */
+void showAttention (const juce::String&)
+{}
+
+static void write (const juce::Image& picture, const juce::File& folder, const juce::String& name,
+                   int percent)
+{
+    const auto file = folder.getChildFile (name + "-" + juce::String (percent) + ".png");
+    file.deleteFile();
+    juce::FileOutputStream stream (file);
+
+    if (! stream.openedOk() || ! juce::PNGImageFormat().writeImageToStream (picture, stream))
+    {
+        std::cerr << "cannot write " << file.getFullPathName() << std::endl;
+        std::exit (1);
+    }
+}
+
+static constexpr int scales[] = { 100, 125, 150, 200 }; // percent
+
+/** The window with each of its pages, which ask this for what the store would tell. */
+class pagesInWindow : private genericlistener
+{
+public:
+    explicit pagesInWindow (const juce::File& outputFolder)
+        : output (outputFolder)
+    {
+        current.getChildFile ("current").createDirectory();
+        current.getChildFile ("current/buildnumber.txt").replaceWithText ("1");
+    }
+
+    ~pagesInWindow()
+    {
+        delete &dialog;
+        current.deleteRecursively();
+    }
+
+    void writeAll()
+    {
+        show ("welcome", nullptr);
+        store_auth account (*this, current.getFullPathName());
+        show ("account", &account);
+        store_downloads downloads (*this, current.getFullPathName());
+        show ("downloads-idle", &downloads);
+        downloads.buttonClicked (dynamic_cast<juce::Button*> (downloads.getChildComponent (1)));
+        dialog.showPage (nullptr, 0);
+    }
+
+private:
+    void show (const char* name, juce::Component* page)
+    {
+        if (page != nullptr)
+            dialog.showPage (page, 1);
+
+        while (juce::Desktop::getInstance().getAnimator().isAnimating())
+            juce::MessageManager::getInstance()->runDispatchLoopUntil (20);
+
+        take (name);
+    }
+
+    void take (const char* name)
+    {
+        auto& window = *dialog.getTopLevelComponent();
+
+        for (auto percent : scales)
+            write (window.createComponentSnapshot (window.getLocalBounds(), true, (float) percent / 100.0f),
+                   output, name, percent);
+    }
+
+    void handleMessage (const juce::String&, const juce::var&, const juce::var&, const juce::var&) override {}
+
+    /** A run through a dozen items. It ends when the last one is to be downloaded, with its picture. */
+    juce::var handleRequest (const juce::String& text, const juce::var& index, const juce::var&,
+                             const juce::var&) override
+    {
+        const char* names[] = { "Amber Twin", "Velvet Drive", "Plate Room",
+                                "A Collection of Impulse Responses of Cabinets from All Over the World, "
+                                "Recorded with Twelve Microphones Each, Second Edition" };
+        const auto isLast = (int) index == 9;
+
+        if (text == "dl_auth")
+            take ("downloads");
+
+        if (text == "dl_total")
+            return 12;
+
+        if (text == "dl_url")
+            return (int) index < 10 ? "none:" : "";
+
+        if (text == "dl_name")
+            return names[isLast ? 3 : (int) index % 4];
+
+        if (text == "dl_target")
+            return current.getFullPathName() + (isLast ? "/missing" : "/current");
+
+        return text == "dl_bdr" ? ((int) index % 3 == 2 ? "999999" : "000000") : "1";
+    }
+
+    const juce::File output;
+    const juce::File current = juce::File::createTempFile ("gallery");
+    jStoreDialog& dialog = *new jStoreDialog (nullptr);
+};
+
 int main (int argc, char* argv[])
 {
     if (argc != 3)
@@ -442,21 +549,11 @@ int main (int argc, char* argv[])
     widgets.setVisible (true);
     const auto boxes = messageBoxes();
 
-    for (auto percent : { 100, 150, 200 })
-    {
-        const auto file =
-            here.getChildFile (argv[2]).getChildFile ("gallery-" + juce::String (percent) + ".png");
-        file.deleteFile();
-        juce::FileOutputStream stream (file);
+    const auto output = here.getChildFile (argv[2]);
 
-        if (! stream.openedOk()
-            || ! juce::PNGImageFormat().writeImageToStream (
-                paintAll (widgets, boxes, (float) percent / 100.0f), stream))
-        {
-            std::cerr << "cannot write " << file.getFullPathName() << std::endl;
-            return 1;
-        }
-    }
+    for (auto percent : scales)
+        write (paintAll (widgets, boxes, (float) percent / 100.0f), output, "gallery", percent);
 
+    pagesInWindow (output).writeAll();
     return 0;
 }

@@ -32,8 +32,8 @@ remember_me=(80 416)
 authenticate=(187 288)
 authenticate_button=150x24+112+276
 create_account_button=150x24+432+404
-download=(350 176)
-status_line=520x24+90+334
+download=(350 146)
+status_line=520x24+90+252
 quit=(350 536)
 
 # ... and in a message box, from its right bottom corner

@@ -5,6 +5,7 @@
 #include "sandbox/archiveWriter.h"
 #include "store/showAttention.h"
 #include "tests/support/alertRobot.h"
+#include "tests/support/mouse.h"
 #include "tests/support/scriptedServer.h"
 #include "tests/support/temporaryInstallation.h"
 #include "tests/support/waiting.h"
@@ -234,4 +235,21 @@ TEST_CASE ("the user may quit when the catalogue fails, when an item is misplace
     test->page.reset();
     drainMessages();
     CHECK (test->robot.texts().isEmpty());
+}
+
+TEST_CASE ("a double click on the button starts one run, and a click elsewhere on it another")
+{
+    downloadsPage test;
+    test.page->addToDesktop (0);
+    test.page->setVisible (true);
+
+    const std::pair<int, int> clicks[] = { { 20, 1 }, { 20, 1 }, { 100, 2 } }; // where, and the runs by then
+
+    for (auto& [x, runs] : clicks)
+    {
+        click (test.button(), x, 10);
+        mouse (test.button(), x, 10, false);
+        drainMessages();
+        CHECK (test.lists == runs);
+    }
 }

@@ -30,7 +30,7 @@ static constexpr struct
     { juce::TextEditor::focusedOutlineColourId, palette::accent },
     { juce::CaretComponent::caretColourId, palette::accent },
 
-    { juce::GroupComponent::outlineColourId, 0x40ffffff },
+    { juce::GroupComponent::outlineColourId, palette::faintLine },
     { juce::GroupComponent::textColourId, palette::text },
 
     { juce::ComboBox::backgroundColourId, palette::body },

@@ -12,8 +12,11 @@ struct palette
     static constexpr juce::uint32 quietText = 0xffb9b8b2;  /**< On all of these but the body. */
     static constexpr juce::uint32 brightText = 0xffffffff; /**< On a selection. */
     static constexpr juce::uint32 accent = 0xffffb454;     /**< Focus, ticks, headings, progress. */
+    static constexpr juce::uint32 failure = 0xffff8f80;    /**< What went wrong. */
     static constexpr juce::uint32 selection = 0x66ffb454;
     static constexpr juce::uint32 sunken = 0xd908090b;   /**< Text editors; brightened where it is painted. */
     static constexpr juce::uint32 hairline = 0x66ffffff; /**< Edges of controls. */
-    static constexpr juce::uint32 well = 0x66000000;     /**< Sunken areas: lists, tracks, text boxes. */
+    static constexpr juce::uint32 edge = 0x8cffffff;     /**< Edges of what is small. */
+    static constexpr juce::uint32 faintLine = 0x40ffffff; /**< Around what is no control. */
+    static constexpr juce::uint32 well = 0x66000000;      /**< Sunken areas: lists, tracks, text boxes. */
 };
