@@ -7,7 +7,6 @@
 #include "ui/palette.h"
 
 static constexpr float headingHeight = 17.0f, hintHeight = 13.0f;
-static constexpr juce::juce_wchar passwordCharacter = '*';
 
 namespace
 {
@@ -49,9 +48,12 @@ static bool isSuccess (const juce::var& answer)
 store_auth::store_auth (genericlistener& storeDialog, const juce::String& installationFolder)
     : loginHeading (juce::Font (headingHeight, juce::Font::bold)),
       creationHeading (juce::Font (headingHeight, juce::Font::bold)),
-      loginPassword (passwordCharacter),
-      confirmPassword (passwordCharacter),
-      creationPassword (passwordCharacter),
+      loginPassword (pageEditor::content::password),
+      loginAddress (pageEditor::content::address),
+      confirmPassword (pageEditor::content::password),
+      creationPassword (pageEditor::content::password),
+      confirmAddress (pageEditor::content::address),
+      creationAddress (pageEditor::content::address),
       passwordHint (juce::Font (hintHeight)),
       content (
           *this,
@@ -77,6 +79,7 @@ store_auth::store_auth (genericlistener& storeDialog, const juce::String& instal
             { rememberToggle, "Remember me", { 64, 380, 256, 24 } },
             { passwordHint, "Forgot your password? Please go to " + storeAddress(), { 48, 424, 424, 24 } } }),
       focus (*this, loginAddress),
+      capsLock (*this, { &loginPassword, &creationPassword, &confirmPassword }),
       banner (assets::banneraccount_png, assets::banneraccount_pngSize),
       dialog (storeDialog),
       remembered (installationFolder)
@@ -115,6 +118,7 @@ void store_auth::paint (juce::Graphics& g)
     banner.draw (g, juce::RectanglePlacement::stretchToFit);
     drawPagePanel (g, loginGroup);
     drawPagePanel (g, creationGroup);
+    capsLock.paint (g);
 }
 
 void store_auth::resized()

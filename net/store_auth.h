@@ -2,7 +2,9 @@
 
 #include "net/rememberedLogin.h"
 #include "store/genericlistener.h"
+#include "ui/capsLockHint.h"
 #include "ui/firstFocus.h"
+#include "ui/linkLabel.h"
 #include "ui/pageBanner.h"
 #include "ui/pageContent.h"
 #include "ui/pageEditor.h"
@@ -45,9 +47,10 @@ private:
     juce::TextButton creationButton;
     pageEditor confirmPassword, creationPassword, confirmAddress, creationAddress;
     juce::ToggleButton rememberToggle;
-    pageLabel passwordHint;
+    linkLabel passwordHint;
     const pageContent content;
     const firstFocus focus;
+    const capsLockHint capsLock;
     const pageBanner banner;
     genericlistener& dialog;
     const rememberedLogin remembered;

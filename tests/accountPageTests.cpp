@@ -1,18 +1,37 @@
 #include "app/installationPaths.h"
 #include "net/acceptableAddress.h"
+#include "net/storeAddress.h"
 #include "net/store_auth.h"
 #include "tests/support/alertRobot.h"
+#include "tests/support/mouse.h"
 #include "tests/support/recordingListener.h"
 #include "tests/support/temporaryInstallation.h"
 #include "tests/support/waiting.h"
+#include "ui/capsLock.h"
+#include "ui/linkLabel.h"
+#include "ui/openInBrowser.h"
 #include <catch2/catch.hpp>
+
+static juce::StringArray opened;
+static bool capsLock = false;
+
+/** Stands in for the browser, and the other one for the keyboard. */
+void openInBrowser (const juce::String& address)
+{
+    opened.add (address);
+}
+
+bool isCapsLockOn()
+{
+    return capsLock;
+}
 
 namespace
 {
 /** Places among the page's children. */
 constexpr int loginButton = 11, loginPassword = 12, loginAddress = 13, creationButton = 14,
               confirmPassword = 15, creationPassword = 16, confirmAddress = 17, creationAddress = 18,
-              rememberToggle = 19;
+              rememberToggle = 19, passwordHint = 20;
 
 const juce::String warning (
     "Your Username & Password will be stored on the disk of this computer. It will be not be stored in clear "
@@ -45,6 +64,15 @@ struct accountPage
     {
         get (index).triggerClick();
         drainMessages();
+    }
+
+    void focus (int index) const
+    {
+        auto& editor = get<juce::TextEditor> (index);
+        waitFor ("the focus", [&] {
+            editor.grabKeyboardFocus();
+            return editor.hasKeyboardFocus (true);
+        });
     }
 
     /** Replaces the text of an editor, key by key. */
@@ -97,6 +125,83 @@ TEST_CASE ("a form's button comes alive when its form is filled in properly")
             form.type (field, wrong);
             CHECK_FALSE (form.get (creationButton).isEnabled());
         }
+}
+
+TEST_CASE ("what cannot be seen of a pasted text stays out, and what shows is what goes out")
+{
+    const accountPage form;
+    const auto paste = [&] (int field, const char* text) {
+        auto& editor = form.get<juce::TextEditor> (field);
+        editor.selectAll();
+        editor.insertTextAtCaret (juce::CharPointer_UTF8 (text));
+        return editor.getText();
+    };
+
+    CHECK (paste (loginAddress, " \t\u00a0a@b.c\u200b \r\n") == "a@b.c");
+    CHECK (paste (loginAddress, "\"a b\"@b.c ") == "\"a b\"@b.c");
+    CHECK (paste (loginPassword, " two\r\nlines\u2028 \n") == " twolines ");
+    form.get<juce::TextEditor> (loginPassword).keyPressed (juce::KeyPress (juce::KeyPress::returnKey));
+    drainMessages();
+    CHECK (form.dialog.calls == juce::StringArray{ "POST auth | \"a b\"@b.c |  twolines " });
+}
+
+TEST_CASE ("a field's menu comes at the first right click")
+{
+    const accountPage form;
+    form.focus (loginAddress);
+    rightClick (form.get<juce::TextEditor> (creationPassword), 20, 10);
+    CHECK (juce::ModalComponentManager::getInstance()->getNumModalComponents() == 1);
+    juce::PopupMenu::dismissAllActiveMenus();
+}
+
+TEST_CASE ("the address in the password hint is opened by a click, and can be copied")
+{
+    const accountPage form;
+    auto& hint = form.get<linkLabel> (passwordHint);
+    const auto address = hint.getAddressBounds();
+    opened.clear();
+    CHECK (hint.getAddress() == storeAddress());
+
+    click (hint, address.getX() - 5, 12);
+    mouse (hint, address.getCentreX(), 12, false);
+    CHECK (hint.getMouseCursor() == juce::MouseCursor::PointingHandCursor);
+    CHECK (opened.isEmpty());
+
+    for (int i = 0; i < 2; ++i) // a double click is one
+        click (hint, address.getCentreX(), 12);
+
+    CHECK (opened == juce::StringArray (storeAddress()));
+
+    rightClick (hint, address.getCentreX(), 12);
+    CHECK (juce::ModalComponentManager::getInstance()->getNumModalComponents() == 1);
+    CHECK (opened.size() == 1);
+    juce::PopupMenu::dismissAllActiveMenus();
+}
+
+TEST_CASE ("Caps Lock is told at the password field that has the keyboard, and nowhere else")
+{
+    const accountPage form;
+    const auto isToldAt = [&] (int field) {
+        const auto bounds = form.get<juce::TextEditor> (field).getBounds();
+        const auto picture = form.page->createComponentSnapshot (form.page->getLocalBounds());
+
+        for (int x = bounds.getCentreX() + 40; x < bounds.getRight(); ++x)
+            if (picture.getPixelAt (x, bounds.getY() - 10).getBrightness() > 0.5f)
+                return true;
+
+        return false;
+    };
+
+    form.focus (loginPassword);
+    CHECK_FALSE (isToldAt (loginPassword));
+    capsLock = true;
+    waitFor ("the hint", [&] { return isToldAt (loginPassword); });
+    form.focus (confirmPassword);
+    waitFor ("the hint", [&] { return isToldAt (confirmPassword) && ! isToldAt (loginPassword); });
+    form.focus (creationAddress);
+    waitFor ("the end of the hint", [&] { return ! isToldAt (confirmPassword); });
+    CHECK_FALSE (isToldAt (creationAddress));
+    capsLock = false;
 }
 
 TEST_CASE ("a login is remembered before it is tried, and once more when the dialog answers the integer 1")

@@ -130,7 +130,7 @@ void lookAndFeelKlangora::drawTickBox (juce::Graphics& g, juce::Component& compo
 void lookAndFeelKlangora::drawToggleButton (juce::Graphics& g, juce::ToggleButton& button, bool highlighted,
                                             bool down)
 {
-    constexpr int indent = 6, gap = 8;
+    constexpr int indent = 8, gap = 6;
     const auto area = button.getLocalBounds();
     const auto fontHeight = juce::jmin (15.0f, 0.75f * (float) area.getHeight());
     const auto boxSize = juce::jmin (16, area.getHeight() - 4);

@@ -7,3 +7,6 @@ void mouse (juce::Component&, int x, int y, bool isDown);
 
 /** A press of the left button. It stays down, for what acts on that; the next move lets it go. */
 void click (juce::Component&, int x, int y);
+
+/** A press of the right button, let go again. */
+void rightClick (juce::Component&, int x, int y);

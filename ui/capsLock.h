@@ -1,0 +1,4 @@
+#pragma once
+
+/** Whether Caps Lock is on; false where that cannot be told. */
+bool isCapsLockOn();

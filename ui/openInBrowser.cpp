@@ -1,0 +1,6 @@
+#include "ui/openInBrowser.h"
+
+void openInBrowser (const juce::String& address)
+{
+    juce::URL (address).launchInDefaultBrowser();
+}
