@@ -13,6 +13,9 @@ render ()
 
 for banner in banner-welcome banner-account; do
   render "$banner" 700 "$banner"
+  for percent in 125 150 200 300; do
+    render "$banner" "$((7 * percent))" "$banner-$percent"
+  done
 done
 
 for size in 16 32; do

@@ -1,5 +1,4 @@
 #include "content/store_downloads.h"
-#include "assets.h"
 #include "content/itemDecision.h"
 #include "content/itemDownload.h"
 #include "net/storeAddress.h"
@@ -57,7 +56,7 @@ store_downloads::store_downloads (genericlistener& storeDialog, const juce::Stri
                           { 70, 142, 560, 80 } },
                         { status, {}, { 85, 228, 530, 24 } } }),
       focus (*this, downloadButton),
-      banner (assets::bannerwelcome_png, assets::bannerwelcome_pngSize)
+      banner (pageBanner::motif::knobs)
 {
     downloadButton.setTooltip (
         "Click here to download everything that is yours! It will automatically be installed.");

@@ -73,7 +73,7 @@ private:
     statusLabel status;
     const pageContent content;
     const firstFocus focus;
-    const pageBanner banner;
+    pageBanner banner;
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (store_downloads)
 };

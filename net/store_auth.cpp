@@ -1,5 +1,4 @@
 #include "net/store_auth.h"
-#include "assets.h"
 #include "net/acceptableAddress.h"
 #include "net/storeAddress.h"
 #include "store/showAttention.h"
@@ -80,7 +79,7 @@ store_auth::store_auth (genericlistener& storeDialog, const juce::String& instal
             { passwordHint, "Forgot your password? Please go to " + storeAddress(), { 48, 424, 424, 24 } } }),
       focus (*this, loginAddress),
       capsLock (*this, { &loginPassword, &creationPassword, &confirmPassword }),
-      banner (assets::banneraccount_png, assets::banneraccount_pngSize),
+      banner (pageBanner::motif::inputs),
       dialog (storeDialog),
       remembered (installationFolder)
 {

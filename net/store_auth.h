@@ -51,7 +51,7 @@ private:
     const pageContent content;
     const firstFocus focus;
     const capsLockHint capsLock;
-    const pageBanner banner;
+    pageBanner banner;
     genericlistener& dialog;
     const rememberedLogin remembered;
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "store/genericlistener.h"
+#include "ui/baselineLabel.h"
 #include "ui/firstFocus.h"
 #include "ui/pageBanner.h"
 #include "ui/pageContent.h"
@@ -21,11 +22,13 @@ public:
 private:
     pageLabel background;
     juce::TextButton logOnButton;
-    pageLabel dropCap, body, welcome;
+    baselineLabel dropCap;
+    pageLabel body;
+    baselineLabel welcome;
     const pageContent content;
     const firstFocus focus;
     genericlistener& listener;
-    const pageBanner banner;
+    pageBanner banner;
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (store_intro)
 };

@@ -1,8 +1,12 @@
+#include "assets.h"
+#include "store/store_intro.h"
+#include "tests/support/recordingListener.h"
 #include "ui/lookAndFeelKlangora.h"
 #include "ui/outcomeList.h"
 #include "ui/palette.h"
 #include "ui/statusLabel.h"
 #include <catch2/catch.hpp>
+#include <cstdlib>
 
 /** Whether two pictures of the same size show the same within an area. */
 static bool showTheSame (const juce::Image& a, const juce::Image& b, juce::Rectangle<int> area)
@@ -64,4 +68,75 @@ TEST_CASE ("the list of outcomes shows the newest ones, and scrolls back to the 
     CHECK (isSame (list, listOf (6)));
     list.clear();
     CHECK (isSame (list, listOf (0)));
+}
+
+static const float scales[] = { 1.0f, 1.25f, 1.5f, 2.0f };
+
+TEST_CASE ("the initial and the rest of its word stand on one line, without the full stop, at every scale")
+{
+    lookAndFeelKlangora::install();
+    recordingListener listener;
+    store_intro page (listener);
+    auto& initial = *page.getChildComponent (2);
+
+    // Letters with flat feet: round ones reach a little below their line.
+    dynamic_cast<juce::Label&> (*page.getChildComponent (4))
+        .setText (".      HHHHHH", juce::dontSendNotification);
+
+    for (auto scale : scales)
+    {
+        INFO ("scale " << scale);
+        const auto headline = juce::Rectangle<int> (43, 134, 450, 60);
+        const auto pixels = [&] (int units) { return juce::roundToInt ((float) units * scale); };
+        const auto takePicture = [&] { return page.createComponentSnapshot (headline, true, scale); };
+        const auto isInk = [] (juce::Colour c) { return c.getBrightness() * c.getFloatAlpha() > 0.6f; };
+        const auto lowestInk = [&] (const juce::Image& picture, int left, int right) {
+            for (auto y = picture.getHeight(); --y >= 0;)
+                for (auto x = left; x < right; ++x)
+                    if (isInk (picture.getPixelAt (x, y)))
+                        return y;
+
+            return -1;
+        };
+
+        initial.setVisible (true);
+        const auto picture = takePicture();
+        initial.setVisible (false);
+        const auto rest = takePicture();
+        auto wordLeft = 0;
+
+        while (lowestInk (rest, wordLeft, wordLeft + 1) < 0)
+            REQUIRE (++wordLeft < rest.getWidth());
+
+        CHECK (wordLeft > pixels (30)); // a full stop would come first
+        CHECK (lowestInk (picture, 0, wordLeft) == lowestInk (rest, wordLeft, rest.getWidth()));
+        CHECK (isInk (picture.getPixelAt (pixels (1) + 1, pixels (5) + 1))); // from the left edge on
+    }
+}
+
+TEST_CASE ("a banner is drawn for the pixels of the display")
+{
+    recordingListener listener;
+    store_intro page (listener);
+    const std::pair<float, juce::Image> drawn[] = {
+        { 1.0f, juce::ImageCache::getFromMemory (assets::bannerwelcome_png, assets::bannerwelcome_pngSize) },
+        { 1.5f,
+          juce::ImageCache::getFromMemory (assets::bannerwelcome150_png, assets::bannerwelcome150_pngSize) },
+        { 2.0f,
+          juce::ImageCache::getFromMemory (assets::bannerwelcome200_png, assets::bannerwelcome200_pngSize) },
+    };
+
+    for (auto& [scale, banner] : drawn)
+    {
+        const auto picture = page.createComponentSnapshot ({ 700, 44 }, true, scale);
+        auto worst = 0;
+
+        for (int y = 2; y < picture.getHeight() - 4; ++y)
+            for (int x = 2; x < picture.getWidth() - 2; ++x)
+                worst = juce::jmax (
+                    worst, std::abs (picture.getPixelAt (x, y).getRed() - banner.getPixelAt (x, y).getRed()));
+
+        INFO ("scale " << scale);
+        CHECK (worst < 4);
+    }
 }
