@@ -340,11 +340,11 @@ private:
 /** The message boxes worth a look. */
 static juce::OwnedArray<juce::AlertWindow> messageBoxes()
 {
-    juce::String names ("Downloaded:\n"), path ("Failed to write file:\n/home/someone"),
-        page ("The store refuses:\n\n");
+    juce::String names ("Successfully downloaded: Amp module 0"),
+        path ("Failed to write file:\n/home/someone"), page ("The store refuses:\n\n");
 
     for (int i = 1; i <= 100; ++i)
-        names << "Amp module " << i << "\n";
+        names << ", Amp module " << i;
 
     while (path.length() < 320)
         path << "/a folder with blanks/AndOneWithoutAnyBlanks-"

@@ -26,7 +26,7 @@ static constexpr struct
     { juce::TextEditor::textColourId, palette::text },
     { juce::TextEditor::highlightColourId, palette::selection },
     { juce::TextEditor::highlightedTextColourId, palette::brightText },
-    { juce::TextEditor::outlineColourId, palette::hairline },
+    { juce::TextEditor::outlineColourId, palette::edge },
     { juce::TextEditor::focusedOutlineColourId, palette::accent },
     { juce::CaretComponent::caretColourId, palette::accent },
 
@@ -37,7 +37,7 @@ static constexpr struct
     { juce::ComboBox::buttonColourId, palette::body },
     { juce::ComboBox::textColourId, palette::text },
     { juce::ComboBox::arrowColourId, palette::text },
-    { juce::ComboBox::outlineColourId, palette::hairline },
+    { juce::ComboBox::outlineColourId, palette::edge },
     { juce::ComboBox::focusedOutlineColourId, palette::accent },
 
     { juce::PopupMenu::backgroundColourId, palette::panel },

@@ -92,13 +92,14 @@ void lookAndFeelKlangora::drawButtonBackground (juce::Graphics& g, juce::Button&
     drawFocusRing (g, button, area);
 }
 
-void lookAndFeelKlangora::drawButtonText (juce::Graphics& g, juce::TextButton& button, bool, bool)
+void lookAndFeelKlangora::drawButtonText (juce::Graphics& g, juce::TextButton& button, bool, bool down)
 {
+    const auto pushedDown = down ? 1 : 0;
     g.setFont (boldFont ((float) button.getHeight()));
     g.setColour (button.findColour (juce::TextButton::textColourOnId)
                      .withMultipliedAlpha (button.isEnabled() ? 1.0f : disabledAlpha));
-    g.drawFittedText (button.getButtonText(), 8, 4, button.getWidth() - 16, button.getHeight() - 8,
-                      juce::Justification::centred, 1);
+    g.drawFittedText (button.getButtonText(), 8, 4 + pushedDown, button.getWidth() - 16,
+                      button.getHeight() - 8, juce::Justification::centred, 1);
 }
 
 void lookAndFeelKlangora::drawTickBox (juce::Graphics& g, juce::Component& component, float x, float y,

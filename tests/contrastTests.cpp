@@ -1,0 +1,151 @@
+#include "ui/drawProgress.h"
+#include "ui/lookAndFeelKlangora.h"
+#include "ui/palette.h"
+#include <array>
+#include <catch2/catch.hpp>
+#include <cmath>
+
+// What a person with weak sight needs: 4.5 : 1 between a text and what it stands on, 3 : 1 between the edge of a
+// control and what is around it. Controls that are disabled are exempt, as they are in the usual guidelines.
+
+static constexpr double forText = 4.5, forEdges = 3.0;
+
+static double luminance (juce::Colour c)
+{
+    const auto linear = [] (float channel) {
+        return channel <= 0.04045f ? channel / 12.92 : std::pow ((channel + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear (c.getFloatRed()) + 0.7152 * linear (c.getFloatGreen())
+           + 0.0722 * linear (c.getFloatBlue());
+}
+
+static double contrast (juce::Colour a, juce::Colour b)
+{
+    const auto lighter = juce::jmax (luminance (a), luminance (b)),
+               darker = juce::jmin (luminance (a), luminance (b));
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+/** The lightest and the darkest colour of the part of the skin that the window shows, noise of single pixels aside. */
+static std::array<juce::Colour, 2> extremesOfSkin()
+{
+    const auto skin = juce::ImageFileFormat::loadFrom (juce::File (SKIN_PICTURE));
+    REQUIRE (skin.isValid());
+    const auto part = skin.getClippedImage ({ (skin.getWidth() - 700) / 2, 0, 700, 548 }).rescaled (350, 274);
+    std::array<juce::Colour, 2> found{ juce::Colours::black, juce::Colours::white };
+
+    for (int y = 0; y < part.getHeight(); ++y)
+        for (int x = 0; x < part.getWidth(); ++x)
+        {
+            const auto c = part.getPixelAt (x, y);
+            found[0] = luminance (c) > luminance (found[0]) ? c : found[0];
+            found[1] = luminance (c) < luminance (found[1]) ? c : found[1];
+        }
+
+    return found;
+}
+
+/** A component on a plain ground. */
+struct onGround : juce::Component
+{
+    onGround (juce::Component& component, juce::Colour colourOfGround)
+        : ground (colourOfGround)
+    {
+        setSize (300, 60);
+        addAndMakeVisible (component);
+        component.setBounds (20, 20, 200, 24);
+        picture = createComponentSnapshot (getLocalBounds());
+    }
+
+    void paint (juce::Graphics& g) override { g.fillAll (ground); }
+
+    /** The strongest contrast with the ground around the component's left end. */
+    double edge (int inset = 0) const
+    {
+        double best = 1.0;
+
+        for (int x = 19 + inset; x < 24 + inset; ++x)
+            best = juce::jmax (best, contrast (ground, picture.getPixelAt (x, 32)));
+
+        return best;
+    }
+
+    juce::Colour inside() const { return picture.getPixelAt (200, 32); }
+
+    juce::Colour ground;
+    juce::Image picture;
+};
+
+TEST_CASE ("every text can be read on what it stands on")
+{
+    for (auto skin : extremesOfSkin())
+    {
+        const auto panel = skin.overlaidWith (juce::Colour (palette::pagePanel));
+        const auto list = panel.overlaidWith (juce::Colour (palette::well));
+        const auto box = skin.overlaidWith (juce::Colour (palette::panel).withAlpha (0.7f));
+        const struct
+        {
+            const char* where;
+            juce::Colour ground;
+            juce::uint32 text;
+        } rows[] = {
+            { "a page's text", panel, palette::text },
+            { "the password hint", skin, palette::text },
+            { "the address in it", skin, palette::accent },
+            { "a heading", skin, palette::accent },
+            { "Caps Lock", panel, palette::accent },
+            { "an item that is installed", list, palette::text },
+            { "an item that is current", list, palette::quietText },
+            { "an item that failed", list, palette::failure },
+            { "an item that is too new", list, palette::accent },
+            { "a button of the bar", skin, 0xa8000000 | (palette::text & 0xffffff) },
+            { "a message box", box, palette::text },
+            { "a tooltip", juce::Colour (palette::panel), palette::text },
+            { "selected text", panel.overlaidWith (juce::Colour (palette::selection)), palette::brightText },
+        };
+
+        for (auto& row : rows)
+        {
+            INFO (row.where << " on " << row.ground.toDisplayString (false));
+            CHECK (contrast (row.ground, row.ground.overlaidWith (juce::Colour (row.text))) >= forText);
+        }
+    }
+}
+
+TEST_CASE ("every control stands out from its ground, and its text from its body")
+{
+    lookAndFeelKlangora::install();
+
+    for (auto skin : extremesOfSkin())
+        for (auto ground : { skin, skin.overlaidWith (juce::Colour (palette::pagePanel)) })
+        {
+            INFO ("on " << ground.toDisplayString (false));
+
+            for (auto state :
+                 { juce::Button::buttonNormal, juce::Button::buttonOver, juce::Button::buttonDown })
+            {
+                juce::TextButton button;
+                button.setState (state);
+                const onGround shown (button, ground);
+                INFO ("button in state " << (int) state);
+                CHECK (shown.edge() >= forEdges);
+                CHECK (contrast (shown.inside(), juce::Colour (palette::text)) >= forText);
+            }
+
+            juce::ToggleButton toggle;
+            CHECK (onGround (toggle, ground).edge (8) >= forEdges);
+
+            juce::TextEditor editor;
+            const onGround field (editor, ground);
+            CHECK (field.edge() >= forEdges);
+            CHECK (contrast (field.inside(), juce::Colour (palette::text)) >= forText);
+
+            struct : juce::Component
+            {
+                void paint (juce::Graphics& g) override { drawProgress (g, getLocalBounds(), 0.5); }
+            } progress;
+            const onGround track (progress, ground);
+            CHECK (track.edge() >= forEdges);
+            CHECK (contrast (track.inside(), track.picture.getPixelAt (60, 32)) >= forEdges);
+        }
+}
