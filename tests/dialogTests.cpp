@@ -4,6 +4,7 @@
 #include "ui/dialogRectTable.h"
 #include "ui/jpseudomodaldialog.h"
 #include "ui/lookAndFeelKlangora.h"
+#include "ui/openDialogList.h"
 #include <catch2/catch.hpp>
 
 /** Labels of a bar; the results are "r1" to "r3". */
@@ -246,6 +247,29 @@ TEST_CASE ("a dialog lies in the middle of its holder, on an overlay that is com
     CHECK (dialog.overlay().getBounds() == juce::Rectangle<int> (600, 500));
     CHECK (dialog.getPosition() == juce::Point<int> (150, 200));
     s.holder->setLookAndFeel (nullptr);
+}
+
+TEST_CASE ("all dialogs are hidden and shown at once")
+{
+    stage s;
+    auto &first = s.open(), &second = s.open();
+
+    for (auto visible : { false, true })
+    {
+        openDialogList::setAllVisible (visible);
+        CHECK (first.overlay().isVisible() == visible);
+        CHECK (second.overlay().isVisible() == visible);
+        CHECK (openDialogList::isAnyOpen()); // hidden ones are open
+    }
+}
+
+TEST_CASE ("the default place in a holder: nine tenths of its width, 500 high, in the middle")
+{
+    stage s;
+    auto& dialog = s.open();
+    s.holder->setSize (405, 301);
+    dialog.placeDialog();
+    CHECK (dialog.getBounds() == juce::Rectangle<int> (202 - 182, 150 - 250, 364, 500));
 }
 
 TEST_CASE ("a window of its own: centred, filled by the dialog, dragged by its title bar")

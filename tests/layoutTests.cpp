@@ -53,3 +53,42 @@ TEST_CASE ("the account page opens empty where no login is remembered")
     const store_auth page (dialog, installationFolder);
     checkExpected ("account", componentText (page));
 }
+
+/** The box that is open, without what depends on the fonts of the machine. */
+static juce::String boxText()
+{
+    auto& box =
+        dynamic_cast<juce::AlertWindow&> (*juce::ModalComponentManager::getInstance()->getModalComponent (0));
+    const auto isQuestion = box.getAlertType() == juce::MessageBoxIconType::QuestionIcon;
+    juce::String text (isQuestion                                                 ? "question"
+                       : box.getAlertType() == juce::MessageBoxIconType::InfoIcon ? "info"
+                                                                                  : "another icon");
+    text << ": " << box.getDescription() << "\n";
+
+    for (auto* child : box.getChildren())
+        if (auto* button = dynamic_cast<juce::TextButton*> (child))
+            text << "  button " << button->getButtonText()
+                 << (button->isRegisteredForShortcut (juce::KeyPress (juce::KeyPress::returnKey)) ? ", Return"
+                                                                                                  : "")
+                 << (button->isRegisteredForShortcut (juce::KeyPress (juce::KeyPress::escapeKey)) ? ", Escape"
+                                                                                                  : "")
+                 << "\n";
+
+    return text;
+}
+
+TEST_CASE ("message boxes have the product's name, an icon, and buttons with their keys")
+{
+    const temporaryInstallation installation;
+    lookAndFeelKlangora::install();
+    alertRobot robot;
+    juce::String boxes;
+    robot.whileOpen = [&] { boxes << boxText(); };
+    robot.answer ("Go back");
+
+    auto* const dialog = new jStoreDialog (nullptr);
+    showAttention ("Successfully downloaded: Amber Twin, Velvet Drive");
+    dialog->requestClose();
+    delete dialog;
+    checkExpected ("boxes", boxes);
+}

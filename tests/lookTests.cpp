@@ -47,6 +47,61 @@ TEST_CASE ("without a good picture the background is plain and dark; a good one 
     guiDataSource = nullptr;
 }
 
+TEST_CASE ("a picture's name without an ending stands for the .jpg, else for the .png")
+{
+    const temporaryInstallation data;
+    jSimpleArchiveDirectory source;
+    source.open (data.folder.getFullPathName());
+    const auto widthOf = [&] (const char* name) {
+        return lookAndFeelKlangora::loadPicture (source, name).getWidth();
+    };
+
+    CHECK (widthOf ("knob") == 0);
+    data.write ("knob", encode ({ juce::Image::RGB, 1, 1, true }));
+    CHECK (widthOf ("knob") == 1);
+    data.write ("knob.png", encode ({ juce::Image::RGB, 2, 1, true }));
+    CHECK (widthOf ("knob") == 2);
+    data.write ("knob.jpg", encode ({ juce::Image::RGB, 3, 1, true }));
+    CHECK (widthOf ("knob") == 3);
+    CHECK (widthOf ("knob.png") == 2);
+}
+
+TEST_CASE ("with the reload flag a new skin shows at once, and only with a source")
+{
+    const temporaryInstallation data;
+    jSimpleArchiveDirectory source;
+    source.open (data.folder.getFullPathName());
+    guiDataSource = &source;
+    lookAndFeelKlangora look;
+    const auto widthAfterWriting = [&] (int width) {
+        data.write (skinName, encode ({ juce::Image::RGB, width, 1, true }));
+        return look.getSkinBackground().getWidth();
+    };
+
+    CHECK (widthAfterWriting (5) == 5);
+    CHECK (widthAfterWriting (6) == 5);
+    look.reloadSkinBackground = true;
+    CHECK (widthAfterWriting (7) == 7);
+    CHECK (widthAfterWriting (8) == 8);
+    guiDataSource = nullptr;
+    CHECK (widthAfterWriting (9) == 8);
+}
+
+TEST_CASE ("a tooltip keeps clear of the mouse, inside its area, and says nothing of <BETA>")
+{
+    lookAndFeelKlangora look;
+    const juce::Rectangle<int> area (1000, 800);
+    const auto at = [&] (int x, int y, const char* text = "A tip") {
+        return look.getTooltipBounds (text, { x, y }, area);
+    };
+
+    const auto size = at (0, 0).withZeroOrigin();
+    CHECK (at (0, 0, "A<BETA> <beta>tip<Beta>").withZeroOrigin() == size);
+    CHECK (at (500, 400) == size + juce::Point<int> (524, 406));
+    CHECK (at (501, 401) == size + juce::Point<int> (501 - size.getWidth() - 12, 401 - size.getHeight() - 6));
+    CHECK (area.contains (at (2000, -50)));
+}
+
 TEST_CASE ("a message box fits the screen, shows its buttons, and cuts only with an ellipsis")
 {
     lookAndFeelKlangora::install();
