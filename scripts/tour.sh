@@ -23,7 +23,7 @@ password='p&w+1%=2 "3"'
 big_item="Concert Grand Cabinets"
 
 # Where things are in the program's window. No page shows anything that blinks or lights up in its sign.
-sign=700x40+0+95
+sign=700x36+0+95
 page=700x500+0+24
 lower_half=700x272+0+276    # no caret blinks there in a login that is filled in
 log_on=(350 451)
