@@ -1,6 +1,5 @@
 #include "bench/figures.h"
 #include "content/catalogue.h"
-#include "net/replyXml.h"
 #include <pugixml.hpp>
 #include <vector>
 
@@ -28,7 +27,7 @@ static std::function<void (benchmark::State&)> readWithOurs (int items)
         for (auto _ : state)
         {
             juce::Array<DownloadItem> read;
-            readCatalogue (*parseReply (text), "/klangora", read);
+            readCatalogue (*juce::parseXML (text), "/klangora", read);
 
             if (read.size() != items)
                 state.SkipWithError ("not all read");

@@ -3,12 +3,16 @@
 #include "base/safeFileWriter.h"
 #include "base/validText.h"
 #include "net/escapeText.h"
-#include "net/replyXml.h"
 #include "net/webStream.h"
 #include "store/showAttention.h"
+#include <algorithm>
+#include <cstring>
 
 /** What a message says when the service gave no reason. */
 static constexpr const char* unspecified = "Unspecified error.";
+
+/** In bytes. It goes out with every request, and is held in a header line by servers that limit those. */
+static constexpr size_t maximumTokenSize = 16 << 10;
 
 storeService::storeService (const juce::String& origin, const juce::String& folder,
                             const juce::String& tokenToSend, const juce::String& addressToName,
@@ -25,8 +29,8 @@ juce::URL storeService::pageAt (const char* path, const juce::String& postData) 
     return juce::URL::createWithoutParsing (storeOrigin + path).withPOSTData (postData);
 }
 
-/** The reply as text, without a byte-order mark; empty when there is none. */
-static juce::String fetchText (const webRequest& request)
+/** The whole text of the reply; empty when there is none. */
+static std::string fetchText (const webRequest& request)
 {
     const auto reply = openWebStream (request);
 
@@ -34,12 +38,36 @@ static juce::String fetchText (const webRequest& request)
         return {};
 
     const auto bytes = readAtMost (*reply.stream);
-    const auto text = validText (bytes.getData(), bytes.getSize());
-    return text.startsWithChar (0xfeff) ? text.substring (1) : text;
+    return decodedText (bytes.getData(), bytes.getSize());
+}
+
+/** Null for what is not XML. The parser is lenient: tags that do not match, a cut last tag and text after the root
+    element pass. */
+static std::unique_ptr<juce::XmlElement> parse (const std::string& text)
+{
+    const auto* start = text.c_str();
+    return juce::parseXML (
+        { juce::CharPointer_UTF8 (start), juce::CharPointer_UTF8 (start + std::strlen (start)) });
+}
+
+static std::string withWindowsLineEnds (const std::string& text)
+{
+    std::string result;
+    result.reserve (text.size() + (size_t) std::count (text.begin(), text.end(), '\n'));
+
+    for (const auto byte : text)
+    {
+        if (byte == '\n' && (result.empty() || result.back() != '\r'))
+            result += '\r';
+
+        result += byte;
+    }
+
+    return result;
 }
 
 /** Keeps a reply that is not XML, for the people who look after the service, and tells the user. */
-void storeService::reportMalformed (const juce::String& text, juce::int64 milliseconds) const
+void storeService::reportMalformed (const std::string& text, juce::int64 milliseconds) const
 {
     const auto name = "rigmartreturn (" + juce::String (milliseconds) + "ms).txt";
     auto path = name;
@@ -51,17 +79,19 @@ void storeService::reportMalformed (const juce::String& text, juce::int64 millis
 
         if (file.getParentDirectory().isDirectory())
         {
-            juce::MemoryOutputStream bytes;
-            bytes.writeText (text, false, false, "\r\n");
+            const auto dump = withWindowsLineEnds (text);
             safeFileWriter writer (file);
-            writer.write (bytes.getData(), bytes.getDataSize());
+            writer.write (dump.data(), dump.size());
             writer.commit();
         }
     }
 
-    showAttention (
-        "Malformed data returned from web server. Should be XML, but was " + juce::String (text.length())
-        + " bytes of text of a different type. The erroneous return has been saved as a file: " + path);
+    const auto characters =
+        std::count_if (text.begin(), text.end(), [] (char byte) { return (byte & 0xc0) != 0x80; });
+    showAttention ("Malformed data returned from web server. Should be XML, but was "
+                   + juce::String ((juce::int64) characters)
+                   + " bytes of text of a different type. The erroneous return has been saved as a file: "
+                   + path);
 }
 
 std::unique_ptr<juce::XmlElement> storeService::postToServer (const juce::URL& url, bool usePost,
@@ -75,12 +105,12 @@ std::unique_ptr<juce::XmlElement> storeService::postToServer (const juce::URL& u
     request.postData = url.getPostData();
     request.token = token;
 
-    juce::String text;
+    std::string text;
     const auto start = juce::Time::currentTimeMillis();
     wait ([&] { text = fetchText (request); });
     const auto duration = juce::Time::currentTimeMillis() - start;
 
-    if (text.isEmpty())
+    if (text.empty())
     {
         showAttention (
             "No data returned from web server. Klangora needs an Internet connection to complete this "
@@ -88,7 +118,7 @@ std::unique_ptr<juce::XmlElement> storeService::postToServer (const juce::URL& u
         return {};
     }
 
-    auto reply = parseReply (text);
+    auto reply = parse (text);
 
     if (reply == nullptr)
         reportMalformed (text, duration);
@@ -144,7 +174,9 @@ std::optional<storeService::loginReply> storeService::requestLogin (const juce::
     if (reply == nullptr)
         return {};
 
-    return loginReply{ childText (*reply, "sessiontoken", {}), childText (*reply, "message", unspecified) };
+    const auto token = childText (*reply, "sessiontoken", {});
+    const auto isToken = token.getNumBytesAsUTF8() <= maximumTokenSize;
+    return loginReply{ isToken ? token : juce::String(), childText (*reply, "message", unspecified) };
 }
 
 std::optional<storeService::creationReply> storeService::requestCreation (const juce::String& address,

@@ -4,6 +4,7 @@
 #include <juce_core/juce_core.h>
 #include <memory>
 #include <optional>
+#include <string>
 
 /** Conversations with the store's web service. Each blocks until the whole reply is there or the connection has
     failed, and shows its own failures in message boxes: afterwards a caller checks that it still exists, and the
@@ -38,7 +39,7 @@ public:
     /** The service's answer to a log-on. */
     struct loginReply
     {
-        juce::String token;   /**< As it came; empty when the log-on was refused. */
+        juce::String token; /**< As it came; empty when the log-on was refused, and when it is above 16 KB. */
         juce::String message; /**< What to show then. */
     };
 
@@ -58,7 +59,7 @@ public:
 
 private:
     juce::URL pageAt (const char* path, const juce::String& postData) const;
-    void reportMalformed (const juce::String& text, juce::int64 milliseconds) const;
+    void reportMalformed (const std::string& text, juce::int64 milliseconds) const;
 
     const juce::String storeOrigin, installationFolder;
     const juce::String &sessionToken, &enduser;

@@ -7,6 +7,8 @@
 #include "tests/support/temporaryInstallation.h"
 #include <catch2/catch.hpp>
 
+using namespace std::string_literals;
+
 /** The service that the newest server is, for an account that is logged on. */
 struct loggedOnService : storeService
 {
@@ -52,6 +54,21 @@ TEST_CASE ("an account action sends its fields escaped as one, with the token, a
     }
 }
 
+TEST_CASE ("a token of 16 KB is one, and a longer one is none")
+{
+    scriptedServer server;
+
+    for (const auto size : { 16384, 16385 })
+    {
+        server.reply (okReply ("<r><sessiontoken>" + juce::String::repeatedString ("x", size).toStdString()
+                               + "</sessiontoken></r>"));
+        const auto login = loggedOnService().requestLogin ("a", "b");
+        REQUIRE (login.has_value());
+        CHECK (login->token.length() == (size == 16384 ? 16384 : 0));
+        CHECK (login->message == "Unspecified error.");
+    }
+}
+
 TEST_CASE ("no reply, or an empty one, is reported and nothing is written")
 {
     const temporaryInstallation installation;
@@ -60,10 +77,9 @@ TEST_CASE ("no reply, or an empty one, is reported and nothing is written")
 
     scriptedServer server;
     server.reply().reply().reset().reply (replyWith ("500 x", "")).reply (okReply ("\xef\xbb\xbf"));
-    server.reply (okReply (std::string ("\0<r/>", 5)));
     server.reply (replyWith ("307 x", "Location: http://localhost:1/\r\n", "<r/>"));
 
-    for (int i = 2; i <= 7; ++i)
+    for (int i = 2; i <= 6; ++i)
     {
         juce::String errorText ("old");
         CHECK (loggedOnService().requestBin (errorText, {}, {}) == nullptr);
@@ -97,7 +113,14 @@ TEST_CASE ("a reply that is not XML is kept as it came and reported")
           "<html>\r\n<body>\r\n<hr>\r\n\r\n\xc3\xa4\xf0\x9f\x8e\xb8</body></html>", 37 },
         { replyWith ("500 x", "", " "), " ", 1 },
         { okReply ("\xef\xbb\xbfplain"), "plain", 5 },
-        { okReply (std::string ("before\0after", 12)), "before", 6 },
+        { okReply ("before\0after\n"s), "before\0after\r\n"s, 13 },
+        { okReply ("\0<r/>"s), "\0<r/>"s, 5 },
+        { okReply ("\xff\xfe"
+                   "\xe4\0\0\0\x3c\xd8\xb8\xdf\x3c\xd8\n\0?"s),
+          "\xc3\xa4\0\xf0\x9f\x8e\xb8\xef\xbf\xbd\r\n"s, 5 },
+        { okReply ("\xfe\xff"
+                   "\0a\x20\xac"s),
+          "a\xe2\x82\xac", 2 },
         { okReply ("caf\xe9\r"), "caf\xc3\xa9\r", 5 },
         { "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n3\r\nnot\r\n4\r\n XML\r\n0\r\n\r\n",
           "not XML", 7 },
