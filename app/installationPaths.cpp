@@ -1,6 +1,7 @@
 #include "app/installationPaths.h"
 #include "app/productName.h"
 #include "app/registryValue.h"
+#include "base/ordinaryFile.h"
 #include "store/showAttention.h"
 
 juce::String installationFolder;
@@ -21,7 +22,7 @@ static void findGuiData()
         guiFolderSource.open (guiPath);
         guiDataSource = &guiFolderSource;
     }
-    else if (juce::File (archivePath).existsAsFile())
+    else if (isOrdinaryFile (archivePath))
     {
         guiArchiveSource.open (juce::File::createLegalPathName (archivePath));
         guiDataSource = &guiArchiveSource;

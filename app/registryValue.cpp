@@ -22,15 +22,20 @@ static juce::File settingsFolder()
     return juce::File::getSpecialLocation (juce::File::userHomeDirectory).getChildFile (".config");
 }
 
+static constexpr juce::int64 maximumSize = 1 << 20; // of the settings, bytes
+
 juce::String getRegistryValue (const juce::String& valuePath)
 {
+    const auto file = settingsFolder().getChildFile ("Dorvik Electronics").getChildFile ("registry.settings");
+
+    if (file.getSize() > maximumSize)
+        return {};
+
     juce::PropertiesFile::Options options;
     options.storageFormat = juce::PropertiesFile::storeAsXML;
     options.millisecondsBeforeSaving = -1; // only read here, never saved
 
-    const juce::PropertiesFile settings (
-        settingsFolder().getChildFile ("Dorvik Electronics").getChildFile ("registry.settings"), options);
-    return settings.getValue (valuePath);
+    return juce::PropertiesFile (file, options).getValue (valuePath);
 }
 
 #endif

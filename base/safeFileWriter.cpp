@@ -1,77 +1,74 @@
 #include "base/safeFileWriter.h"
-#include "base/privateFile.h"
 
 #if JUCE_WINDOWS
     #include <windows.h>
 #else
-    #include <cstdio>
+    #include <unistd.h>
 #endif
 
-/** Renames a file over another, which stays as it is when that fails. The framework's own replacement is not used:
-    where a plain rename fails it falls back on copying over the target, or may leave none. */
-static bool renameOver (const juce::File& from, const juce::File& to)
+/** Makes a folder with its ancestors and returns those that were missing, the outermost first. */
+static juce::Array<juce::File> createFolder (const juce::File& folder)
+{
+    if (folder.exists())
+        return {};
+
+    const auto parent = folder.getParentDirectory();
+    auto created = parent != folder ? createFolder (parent) : juce::Array<juce::File>();
+
+    if (folder.createDirectory().wasOk())
+        created.add (folder);
+
+    return created;
+}
+
+/** Removes a folder that holds nothing. */
+static void removeEmptyFolder (const juce::File& folder)
 {
 #if JUCE_WINDOWS
-    // A virus scanner may hold a new file open for a moment.
-    for (int attempt = 0; attempt < 5; ++attempt)
-    {
-        if (MoveFileExW (from.getFullPathName().toWideCharPointer(), to.getFullPathName().toWideCharPointer(),
-                         MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
-            return true;
-
-        juce::Thread::sleep (100);
-    }
-
-    return false;
+    RemoveDirectoryW (folder.getFullPathName().toWideCharPointer());
 #else
-    return std::rename (from.getFullPathName().toRawUTF8(), to.getFullPathName().toRawUTF8()) == 0;
+    ::rmdir (folder.getFullPathName().toRawUTF8());
 #endif
 }
 
 safeFileWriter::safeFileWriter (const juce::File& fileToReplace, readers whoMayRead)
     : target (fileToReplace)
 {
-    const auto sibling = target.getSiblingFile (temporaryName);
-
-    if (target == sibling || target.isDirectory() || target.getParentDirectory().createDirectory().failed())
+    if (target.isDirectory() || target == juce::File())
         return;
 
-    temporary = sibling;
-    temporary.deleteFile();
+    const auto folder = target.getParentDirectory();
+    newFolders = createFolder (folder);
 
-    if (whoMayRead == readers::owner && ! createPrivateFile (temporary))
-        return;
+    if (newFolders.isEmpty())
+        temporaryFile::removeAbandoned (folder);
 
-    // Without a buffer of its own, every write reports what became of its bytes.
-    stream = std::make_unique<juce::FileOutputStream> (temporary, 0);
-
-    if (stream->failedToOpen() || stream->getPosition() != 0)
-        stream.reset();
+    temporary = std::make_unique<temporaryFile> (folder, whoMayRead);
 }
 
 safeFileWriter::~safeFileWriter()
 {
-    stream.reset();
-    temporary.deleteFile();
+    temporary.reset();
+
+    for (int i = newFolders.size(); --i >= 0;)
+        removeEmptyFolder (newFolders.getReference (i));
 }
 
 bool safeFileWriter::write (const void* bytes, size_t size)
 {
-    if (stream != nullptr && ! stream->write (bytes, size))
-        stream.reset();
+    if (temporary != nullptr && ! temporary->write (bytes, size))
+        temporary.reset();
 
-    written += (juce::int64) size;
-    return stream != nullptr;
+    return temporary != nullptr;
 }
 
 bool safeFileWriter::commit()
 {
-    if (stream == nullptr)
-        return false;
+    const auto done = temporary != nullptr && temporary->replace (target.getFileName());
 
-    stream->flush();
-    const auto flushed = stream->getStatus().wasOk();
-    stream.reset();
+    if (done)
+        newFolders.clear();
 
-    return flushed && temporary.getSize() == written && renameOver (temporary, target);
+    temporary.reset();
+    return done;
 }

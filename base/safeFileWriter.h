@@ -1,29 +1,23 @@
 #pragma once
 
-#include <juce_core/juce_core.h>
-#include <memory>
+#include "base/temporaryFile.h"
 
 /** Replaces a file wholly or not at all. What is written goes into a temporary file in the target's folder; only
     when every byte of it is known to be on the disk does it take the target's place, in one step of the file
     system. Until then, and after any failure, an earlier file stays as it was, byte for byte; a crash or a power
-    cut leaves the old file or the new one.
+    cut leaves the old file or the new one. Any number of programs may write into one folder at the same time.
 
     The first failure sticks: later calls do nothing and answer false. */
 class safeFileWriter
 {
 public:
-    /** Who may read the new file, from its first byte on. */
-    enum class readers
-    {
-        everybody, /**< Whom the system's defaults let. */
-        owner      /**< The user who runs the program. */
-    };
+    using readers = temporaryFile::readers;
 
-    /** Starts a temporary file beside `target`, whose parent folders are created where they are missing. A
-        target that is a folder is a failure. */
+    /** Starts a temporary file beside `target`, whose parent folders are created where they are missing, and removes
+        what programs that were killed have left there. A target that is a folder is a failure. */
     explicit safeFileWriter (const juce::File& target, readers = readers::everybody);
 
-    /** Removes the temporary file, if there still is one. */
+    /** Removes what was made on the way to a file that did not get there. */
     ~safeFileWriter();
 
     /** Appends to what will be the content. */
@@ -33,15 +27,10 @@ public:
         written afterwards. */
     bool commit();
 
-    /** Name of the temporary file. It is short, so that the longest target name works, and always the same, so
-        that what a killed program left behind goes with the next download into that folder. */
-    static constexpr const char* temporaryName = "rigmart.tmp";
-
 private:
     const juce::File target;
-    juce::File temporary;                           // none until it is ours to remove
-    std::unique_ptr<juce::FileOutputStream> stream; // null once something failed, or all is done
-    juce::int64 written = 0;
+    juce::Array<juce::File> newFolders;       // made for the target, the outermost first
+    std::unique_ptr<temporaryFile> temporary; // null once something failed, or all is done
 
     JUCE_DECLARE_NON_COPYABLE (safeFileWriter)
 };

@@ -3,14 +3,6 @@
 #include "content/installedBuild.h"
 #include "content/targetPath.h"
 
-static bool isBelow (const juce::String& installationFolder, const juce::String& target)
-{
-    const auto root = installationFolder + "/";
-
-    return juce::File::isAbsolutePath (installationFolder) && target.startsWith (root)
-           && isAllowedTarget (target.substring (root.length()));
-}
-
 itemDecision decideItem (const DownloadItem& item, const juce::String& installationFolder)
 {
     const auto programDate = juce::String (PROGRAM_BUILD_DATE).removeCharacters (".");
@@ -18,11 +10,14 @@ itemDecision decideItem (const DownloadItem& item, const juce::String& installat
     if (programDate.compare (item.builddaterequirement) < 0)
         return itemDecision::blocked;
 
-    if (! isBelow (installationFolder, item.target))
+    const auto path = targetPath (item.target, installationFolder);
+
+    if (! path.has_value())
         return itemDecision::misplaced;
 
-    const auto installed = installedBuild (item.target);
+    // Looking may open a message box, in which the item's owner may go.
+    const auto offered = item.buildnumber;
+    const auto installed = installedBuild (*path);
 
-    return installed.has_value() && item.buildnumber <= *installed ? itemDecision::current
-                                                                   : itemDecision::needed;
+    return installed.has_value() && offered <= *installed ? itemDecision::current : itemDecision::needed;
 }

@@ -12,6 +12,6 @@ enum class itemDecision
 };
 
 /** Decides in this order: by the program's build date, held against the requirement as text; by the target, which
-    is not touched when it is misplaced; by what is installed there (see installedBuild, whose message box this
-    may open). */
+    is not touched when it is misplaced (see targetPath); by what is installed there (see installedBuild, whose message
+    box this may open). The arguments need not live until it returns. */
 itemDecision decideItem (const DownloadItem& item, const juce::String& installationFolder);

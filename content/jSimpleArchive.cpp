@@ -6,6 +6,7 @@
 #include <algorithm>
 
 static constexpr int fixedSize = 8; // version and number of entries
+static constexpr int mostEntries = 1 << 20;
 static constexpr size_t keyWordPosition = 148, indexBasePosition = 152;
 
 /** What differs between the versions. */
@@ -17,11 +18,11 @@ struct jSimpleArchive::versionLayout
     size_t recordSize() const { return nameSize + 12; }
 };
 
-const jSimpleArchive::versionLayout* jSimpleArchive::layoutOf (juce::uint32 version)
+const jSimpleArchive::versionLayout* jSimpleArchive::layoutOf (int version)
 {
     static constexpr versionLayout layouts[] = { { 0, 60 }, { 148, 60 }, { 156, 252 }, { 156, 60 } };
 
-    return version >= 1 && version <= std::size (layouts) ? &layouts[version - 1] : nullptr;
+    return version >= 1 && version <= (int) std::size (layouts) ? &layouts[version - 1] : nullptr;
 }
 
 static juce::uint32 hashOf (std::string_view name)
@@ -61,21 +62,16 @@ bool jSimpleArchive::open (const juce::String& path)
     archivePath = path;
     failed = true;
 
-    const auto file = absoluteFile (path);
-
-    if (! file.existsAsFile())
-        return false;
-
-    juce::FileInputStream stream (file);
+    juce::FileInputStream stream (absoluteFile (path));
 
     if (stream.failedToOpen())
         return false;
 
     const auto start = readPiece (stream, 0, fixedSize + (juce::int64) header.size());
     byteCursor cursor (start.getData(), start.getSize());
-    version = cursor.takeWord();
-    const auto announced = (int) cursor.takeWord();
-    const auto* layout = layoutOf (version);
+    const auto announcedVersion = (int) cursor.takeWord();
+    const auto announced = juce::jmin ((int) cursor.takeWord(), mostEntries);
+    const auto* layout = layoutOf (announcedVersion);
 
     if (layout == nullptr)
     {
@@ -85,13 +81,25 @@ bool jSimpleArchive::open (const juce::String& path)
         return false;
     }
 
-    if (const auto* bytes = cursor.take ((size_t) layout->headerSize))
-        std::copy_n (bytes, layout->headerSize, header.begin());
+    version = announcedVersion;
+    const auto headerBytes = juce::jmin ((size_t) layout->headerSize,
+                                         juce::jmax (start.getSize(), (size_t) fixedSize) - fixedSize);
+    std::copy_n (cursor.take (headerBytes), headerBytes, header.begin());
 
-    directory = readPiece (stream, fixedSize + layout->headerSize,
-                           (juce::int64) announced * (juce::int64) layout->recordSize());
-    readEntries (*layout, announced);
-    buildIndex();
+    try
+    {
+        directory = readPiece (stream, fixedSize + layout->headerSize,
+                               (juce::int64) announced * (juce::int64) layout->recordSize());
+        readEntries (*layout, announced);
+        buildIndex();
+    }
+    catch (const std::bad_alloc&)
+    {
+        entries.clear();
+        index.clear();
+        return false;
+    }
+
     failed = false;
     return true;
 }
@@ -109,16 +117,17 @@ void jSimpleArchive::readHeaderBytes (void* buffer, int offset) const
         *bytes++ = i >= 0 && i < (juce::int64) header.size() ? header[(size_t) i] : (char) 0;
 }
 
-std::unique_ptr<juce::InputStream> jSimpleArchive::createInputStreamFor (const juce::String& name) const
+std::unique_ptr<juce::InputStream> jSimpleArchive::createInputStreamFor (const juce::String& name,
+                                                                         int maximum) const
 {
     const auto position = findEntry (name);
 
     if (position < 0)
-        return fallback != nullptr ? fallback->createInputStreamFor (name) : nullptr;
+        return fallback != nullptr ? fallback->createInputStreamFor (name, maximum) : nullptr;
 
     const auto& entry = entries[(size_t) position];
     juce::FileInputStream stream (absoluteFile (archivePath));
-    auto bytes = readPiece (stream, entry.offset, entry.size);
+    auto bytes = readPiece (stream, entry.offset, juce::jmin (entry.size, maximum));
 
     if (entry.scrambled && version >= 3)
     {
@@ -152,9 +161,16 @@ juce::MemoryBlock jSimpleArchive::readPiece (juce::FileInputStream& stream, juce
     if (available == 0 || ! stream.setPosition (offset))
         return {};
 
-    juce::MemoryBlock piece ((size_t) available, false);
-    piece.setSize ((size_t) stream.read (piece.getData(), (int) available));
-    return piece;
+    try
+    {
+        juce::MemoryBlock piece ((size_t) available, false);
+        piece.setSize ((size_t) stream.read (piece.getData(), (int) available));
+        return piece;
+    }
+    catch (const std::bad_alloc&)
+    {
+        return {};
+    }
 }
 
 void jSimpleArchive::readEntries (const versionLayout& layout, int announced)
@@ -204,7 +220,7 @@ void jSimpleArchive::buildIndex()
 size_t jSimpleArchive::slotOf (std::string_view name, juce::uint32 hash) const
 {
     const auto mask = index.size() - 1;
-    const auto isAnother = [&] (const archiveEntry& entry) {
+    const auto isAnother = [&] (const ArchiveEntry& entry) {
         return entry.hash != hash || entry.name != name;
     };
     auto slot = hash & mask;

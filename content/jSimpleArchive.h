@@ -3,6 +3,7 @@
 #include <array>
 #include <deque>
 #include <juce_core/juce_core.h>
+#include <limits>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -33,7 +34,8 @@
     directory (the first is 0) plus the index base; in versions 1 and 2 the flag has no meaning.
 
     Nothing in a file is trusted: entries are the records that lie wholly in the file, whatever number it
-    announces, and an entry's bytes are what lies in the file of them.
+    announces, at most 1,048,576 of them, and an entry's bytes are what lies in the file of them. What there is no
+    memory for is not there.
 
     Every read opens the file anew, so the file may be replaced in between; the directory is read once. */
 class jSimpleArchive
@@ -58,17 +60,21 @@ public:
         well, but is not valid. */
     virtual bool open (const juce::String& path);
 
+    /** As many bytes as an entry can have. */
+    static constexpr int wholeEntry = std::numeric_limits<int>::max();
+
     /** Whether it was opened without an error and holds an entry. */
     virtual bool isValid() const;
 
     /** Copies 16 bytes, from file position 8 + offset, into the caller's buffer; zeros where the header block
-        and the two words after it do not reach. */
+        and the two words after it, or what there is of them in the file, do not reach. */
     virtual void readHeaderBytes (void* buffer, int offset) const;
 
     /** A stream over a copy of the entry's bytes, owned by the caller; null when neither this reader nor
         `fallback` has the entry. Names are compared exactly; of two equal ones the first counts. The stream
-        ends early where the file does, and is empty for a negative size or offset. */
-    virtual std::unique_ptr<juce::InputStream> createInputStreamFor (const juce::String& name) const;
+        ends early where the file does, and after `maximum` bytes, and is empty for a negative size or offset. */
+    virtual std::unique_ptr<juce::InputStream> createInputStreamFor (const juce::String& name,
+                                                                     int maximum = wholeEntry) const;
 
     /** Whether this reader or `fallback` has an entry of exactly this name. */
     virtual bool contains (const juce::String& name) const;
@@ -82,11 +88,11 @@ protected:
     static juce::File absoluteFile (const juce::String& path);
 
     /** What a file holds of `size` bytes from `offset` on: less, or nothing, where it does not reach or cannot
-        be read. One read into one block. */
+        be read, or where there is no memory for it. One read into one block. */
     static juce::MemoryBlock readPiece (juce::FileInputStream& stream, juce::int64 offset, juce::int64 size);
 
 private:
-    struct archiveEntry
+    struct ArchiveEntry
     {
         std::string_view name; /**< Into `directory` or `repairedNames`. */
         juce::uint32 hash;     /**< Of the name. Saves looks at names, which lie far apart. */
@@ -98,7 +104,7 @@ private:
     struct versionLayout;
 
     /** Null for a version that does not exist. */
-    static const versionLayout* layoutOf (juce::uint32 version);
+    static const versionLayout* layoutOf (int version);
 
     /** Makes `entries` of the records in `directory`. */
     void readEntries (const versionLayout& layout, int announced);
@@ -114,11 +120,11 @@ private:
     int findEntry (const juce::String& name) const;
 
     bool failed = false;
-    juce::uint32 version = 0;
+    int version = -1;                      /**< None until an archive was opened. */
     std::array<char, 156> header{};        /**< From offset 8 of the file on, as far as the version has it. */
     juce::MemoryBlock directory;           /**< As it was read. The names of the entries point into it. */
     std::deque<std::string> repairedNames; /**< Names that were not well-formed, as entries see them. */
-    std::vector<archiveEntry> entries;
+    std::vector<ArchiveEntry> entries;
     std::vector<int> index; /**< Open hash table of positions in `entries`, -1 where free; its size is a power
                                  of two. */
     juce::String archivePath;

@@ -23,9 +23,11 @@ public:
     bool isValid() const override;
 
     /** As for an archive. A name is a path below the folder, its parts separated by slashes or backslashes;
-        one that could lead out of the folder is not found. Upper and lower case are the file system's matter.
-        A file that cannot be read gives an empty stream; of a file above 2 GB its first 2,147,483,647 bytes. */
-    std::unique_ptr<juce::InputStream> createInputStreamFor (const juce::String& name) const override;
+        one that leads out of the folder is not found. Where a file's own name may hold a backslash, it is found by
+        that name too. Upper and lower case are the file system's matter. A file that cannot be read gives an empty
+        stream. */
+    std::unique_ptr<juce::InputStream> createInputStreamFor (const juce::String& name,
+                                                             int maximum = wholeEntry) const override;
 
     /** Whether there is such a file below the folder, or an entry of that name in `fallback`. */
     bool contains (const juce::String& name) const override;

@@ -1,6 +1,8 @@
 #include "content/store_downloads.h"
+#include "base/temporaryFile.h"
 #include "content/itemDecision.h"
 #include "content/itemDownload.h"
+#include "content/targetPath.h"
 #include "net/storeAddress.h"
 #include "store/showAttention.h"
 #include "ui/busyCursor.h"
@@ -159,11 +161,13 @@ void store_downloads::continueRun()
     // A loop: thousands of current items in a row are nothing unusual.
     for (item = nextItem(); item.url.isNotEmpty(); item = nextItem())
     {
-        // A copy, because the page may go while a message box is open.
-        const auto decision = decideItem (DownloadItem (item), juce::String (installationFolder));
+        const auto decision = decideItem (item, installationFolder);
 
         if (self == nullptr)
             return;
+
+        if (decision == itemDecision::needed || decision == itemDecision::current)
+            tidyUp();
 
         if (decision == itemDecision::needed)
             return openDownload();
@@ -179,6 +183,15 @@ void store_downloads::continueRun()
     }
 
     endRun();
+}
+
+void store_downloads::tidyUp()
+{
+    const auto path = targetPath (item.target, installationFolder);
+    const auto folder = juce::File (path.value_or (juce::String())).getParentDirectory();
+
+    if (path.has_value() && run.tidyFolders.insert (folder.getFullPathName()).second)
+        temporaryFile::removeAbandoned (folder);
 }
 
 void store_downloads::openDownload()
@@ -238,7 +251,9 @@ void store_downloads::finishDownload()
     {
         const busyCursor busy;
 
-        if (download->save (item.target))
+        const auto path = targetPath (item.target, installationFolder);
+
+        if (path.has_value() && download->save (*path))
             addOutcome (run.downloadedNames, "installed", palette::text);
         else
             failure = "Failed to write file:\n" + item.target;

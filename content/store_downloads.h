@@ -10,6 +10,7 @@
 #include "ui/singlePressButton.h"
 #include "ui/statusLabel.h"
 #include <memory>
+#include <set>
 
 class itemDownload;
 
@@ -40,6 +41,7 @@ private:
         int total = 0; // items of the catalogue; 0 while idle
         int index = 0; // of the item that comes next
         juce::StringArray downloadedNames, failedTargets, outOfDateNames, upToDateNames;
+        std::set<juce::String> tidyFolders; // that nothing is left in by programs that were killed
     };
 
     juce::var ask (const char* request) const;
@@ -47,6 +49,7 @@ private:
 
     void startRun();
     void continueRun();  // to the next item that is needed, or to the end
+    void tidyUp();       // once a run in the folder of `item`
     void openDownload(); // of `item`
     void finishDownload();
     void endRun();

@@ -1,7 +1,7 @@
 #include "content/targetPath.h"
+#include "base/temporaryFile.h"
 
-/** Names that Windows opens as a device wherever they stand, whatever extension follows. */
-static bool isDeviceName (const juce::String& part)
+bool isDeviceName (const juce::String& part)
 {
     const auto stem = part.upToFirstOccurrenceOf (".", false, false).trimEnd().toUpperCase();
 
@@ -14,8 +14,14 @@ static bool isDeviceName (const juce::String& part)
 
 static bool isAllowedPart (const juce::String& part)
 {
-    if (part.isEmpty() || part.endsWithChar ('.') || part.endsWithChar (' ') || isDeviceName (part))
+    if (part.isEmpty() || part.endsWithChar ('.') || part.endsWithChar (' ')
+        || temporaryFile::isTemporaryName (part))
         return false;
+
+#if JUCE_WINDOWS
+    if (isDeviceName (part))
+        return false;
+#endif
 
     for (auto character : part)
         if (character < 0x20 || character == 0x7f || character == ':')
@@ -24,10 +30,18 @@ static bool isAllowedPart (const juce::String& part)
     return true;
 }
 
-bool isAllowedTarget (const juce::String& relativePath)
+std::optional<juce::String> targetPath (const juce::String& target, const juce::String& installationFolder)
 {
-    juce::StringArray parts;
-    parts.addTokens (relativePath.replaceCharacter ('\\', '/'), "/", {});
+    const auto root = installationFolder + "/";
 
-    return ! parts.isEmpty() && std::all_of (parts.begin(), parts.end(), isAllowedPart);
+    if (! juce::File::isAbsolutePath (installationFolder) || ! target.startsWith (root))
+        return {};
+
+    juce::StringArray parts;
+    parts.addTokens (target.substring (root.length()), "/\\", {});
+
+    if (parts.isEmpty() || ! std::all_of (parts.begin(), parts.end(), isAllowedPart))
+        return {};
+
+    return root + parts.joinIntoString ("/");
 }

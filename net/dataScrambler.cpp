@@ -52,19 +52,16 @@ juce::String scrambleText (const juce::String& text, juce::uint32 left, juce::ui
     return block.toBase64Encoding();
 }
 
-/** The bytes behind a printable form; none when its size is not that of the characters that follow. The
-    framework's decoder allocates whatever the size says, and a negative one ends the program. */
+/** The bytes behind a printable form; none when its size is negative or larger than the characters that follow can
+    hold. The framework's decoder reads the size in the same way and allocates whatever it says. */
 static juce::MemoryBlock decodePrintable (const juce::String& printable)
 {
-    static constexpr int mostDigits = 9; // any such number fits an int
-
     const auto point = printable.indexOfChar ('.');
-    const auto size = printable.substring (0, point);
+    const auto size = (juce::int64) printable.substring (0, point).getIntValue();
     const auto characters = (juce::int64) printable.length() - point - 1;
     juce::MemoryBlock block;
 
-    if (point > 0 && point <= mostDigits && size.containsOnly ("0123456789")
-        && size.getLargeIntValue() * 8 <= characters * 6)
+    if (point >= 0 && size >= 0 && size * 8 <= characters * 6)
         block.fromBase64Encoding (printable);
 
     return block;

@@ -1,11 +1,14 @@
 #include "net/rememberedLogin.h"
 #include "base/boundedReading.h"
+#include "base/ordinaryFile.h"
 #include "base/safeFileWriter.h"
 #include "base/validText.h"
 #include "net/dataScrambler.h"
 
 static constexpr juce::uint32 leftCounter = 5172093, rightCounter = 41927506;
-static constexpr juce::int64 maximumSize = 65536; // of the file, bytes
+static constexpr juce::int64 maximumSize = 1 << 20; // of the file, bytes
+
+static const auto byteOrderMark = juce::String::charToString (0xfeff);
 
 static juce::File fileIn (const juce::String& installationFolder)
 {
@@ -21,16 +24,14 @@ rememberedLogin::rememberedLogin (const juce::String& installationFolder)
 
 std::optional<rememberedLogin::login> rememberedLogin::load() const
 {
-    if (! file.existsAsFile() || file.getSize() > maximumSize)
-        return {};
-
     juce::FileInputStream stream (file);
 
-    if (stream.failedToOpen())
+    if (stream.failedToOpen() || stream.getTotalLength() > maximumSize)
         return {};
 
     const auto bytes = readAtMost (stream, (size_t) maximumSize);
-    auto lines = juce::StringArray::fromLines (validText (bytes.getData(), bytes.getSize()));
+    const auto text = validText (bytes.getData(), bytes.getSize());
+    auto lines = juce::StringArray::fromLines (text.trimCharactersAtStart (byteOrderMark));
     lines.removeEmptyStrings (true);
 
     if (lines.size() != 2)
@@ -47,6 +48,10 @@ void rememberedLogin::save (const login& toSave) const
 
     const auto text = scrambleText (toSave.address, leftCounter, rightCounter) + "\r\n"
                       + scrambleText (toSave.password, leftCounter, rightCounter) + "\r\n";
+
+    if ((juce::int64) text.getNumBytesAsUTF8() > maximumSize)
+        return;
+
     safeFileWriter writer (file, safeFileWriter::readers::owner);
     writer.write (text.toRawUTF8(), text.getNumBytesAsUTF8());
     writer.commit();
@@ -54,6 +59,6 @@ void rememberedLogin::save (const login& toSave) const
 
 void rememberedLogin::forget() const
 {
-    if (file.existsAsFile())
+    if (isOrdinaryFile (file))
         file.deleteFile();
 }

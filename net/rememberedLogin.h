@@ -20,11 +20,11 @@ public:
     explicit rememberedLogin (const juce::String& installationFolder);
 
     /** What the file holds, sensible or not: a line that was not scrambled by us gives some text or none. Nothing
-        when there is no file, when it has other than two lines that are not blank, or when it is far too large
-        for a login. Reads line ends of every kind. */
+        when there is no file, when it has other than two lines that are not blank, or when it is larger than 1 MB.
+        Reads line ends of every kind, with or without a byte-order mark. */
     std::optional<login> load() const;
 
-    /** Replaces the file wholly or not at all. */
+    /** Replaces the file wholly or not at all; not at all for a login that would make it larger than load() reads. */
     void save (const login&) const;
 
     /** Deletes the file. */

@@ -5,6 +5,13 @@
 #include "tests/support/alertRobot.h"
 #include "tests/support/temporaryInstallation.h"
 #include <catch2/catch.hpp>
+#include <fstream>
+
+#if ! JUCE_WINDOWS
+    #include <sys/stat.h>
+#endif
+
+using namespace std::string_literals;
 
 static constexpr auto intMax = std::numeric_limits<int>::max(), intMin = std::numeric_limits<int>::min();
 
@@ -93,6 +100,7 @@ TEST_CASE ("a cut archive serves what is whole in the file, and no announced num
     for (juce::uint32 version = 1; version <= 4; ++version)
     {
         archiveWriter writer{ version, { { "a", "12345", true }, { "b", "67890", true } } };
+        writer.header = "0123456789abcdef" + std::string (132, '.');
         const auto whole = writer.write();
         const auto recordSize = version == 3 ? 264 : 72;
         const auto start = (int) whole.getSize() - 10 - 2 * recordSize;
@@ -100,6 +108,14 @@ TEST_CASE ("a cut archive serves what is whole in the file, and no announced num
         for (int length = 1; length < (int) whole.getSize(); ++length)
         {
             const writtenArchive archive (juce::MemoryBlock (whole.getData(), (size_t) length));
+            char header[16];
+            archive.readHeaderBytes (header, 0);
+            REQUIRE (std::string (header, 16)
+                     == (version > 1
+                             ? "0123456789abcdef"s.substr (0, (size_t) juce::jlimit (0, 16, length - 8))
+                             : ""s)
+                            .append (16, '\0')
+                            .substr (0, 16));
             const auto records = juce::jlimit (0, 2, (length - start) / recordSize);
             const auto data = (size_t) juce::jmax (0, length - start - 2 * recordSize);
             REQUIRE (namesIn (archive) == juce::String ("a,b").substring (0, records * 2 - 1));
@@ -154,13 +170,31 @@ TEST_CASE ("a folder is served as an archive, and nothing outside it")
     CHECK (namesIn (folder) == "Build.TXT,sub,packed.txt");
     CHECK (bytesOf (folder, "Build.TXT") + bytesOf (folder, "sub\\inner.txt") == "12inner");
     CHECK (bytesOf (folder, "packed.txt") == "packed");
+    CHECK (bytesOf (folder, "/sub//inner.txt") == "inner");
 
     for (auto name : { "../secret.txt", "..\\secret.txt", "sub/../../secret.txt", "..", secret.toRawUTF8(),
-                       "sub//inner.txt", "sub", "/sub/inner.txt", "Build.TXT::$DATA", "Build.TXT.", "" })
+                       "sub", "/", "sub/../Build.TXT", "Build.TXT::$DATA", "Build.TXT.", "" })
     {
         CAPTURE (name);
         CHECK ((bytesOf (folder, name) == "-" && ! folder.contains (name)));
     }
+
+#if ! JUCE_WINDOWS
+    // What is listed is found, whatever other systems would say to its name; what is no text is neither.
+    juce::StringArray odd{ "a:b", "aux.txt", "back\\slash", "end.", "new\nline", "rigmart.tmp" }, listed;
+    for (auto& name : odd)
+        outside.write ("item/" + name, name);
+
+    REQUIRE (mkfifo ((item.getFullPathName() + "/pipe").toRawUTF8(), 0600) == 0);
+    std::ofstream (item.getFullPathName().toStdString() + "/\xc3") << "no text";
+    folder.findEntries ("*", listed);
+    CHECK (listed.size() == 2 + odd.size() + 1 + 1);
+
+    for (auto& name : odd)
+        CHECK ((listed.contains (name) && bytesOf (folder, name) == name.toStdString()));
+
+    CHECK_FALSE (folder.contains ("pipe"));
+#endif
 
     REQUIRE (item.deleteRecursively());
     CHECK ((! folder.isValid() && namesIn (folder) == "packed.txt"));

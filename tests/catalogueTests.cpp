@@ -31,20 +31,30 @@ static juce::String allowedOf (const char* paths)
     juce::StringArray allowed;
 
     for (auto& path : juce::StringArray::fromTokens (juce::CharPointer_UTF8 (paths), "|", {}))
-        if (isAllowedTarget (path))
-            allowed.add (path);
+        if (const auto allowedPath = targetPath ("/inst/" + path, "/inst"))
+            allowed.add (allowedPath->fromFirstOccurrenceOf ("/inst/", false, false));
 
     return allowed.joinIntoString ("|");
 }
 
-TEST_CASE ("only a path that stays below its folder on every platform is a target")
+TEST_CASE ("only a path that stays below its folder is a target, with slashes between its parts")
 {
-    const auto good =
-        "a|a.sa|dir/a.sa|dir\\sub dir\\a.sa|.hidden|a..b/c| a|~a|~/a|com.sa|com10.sa|console|ü/コ";
+    const auto good = "a|a.sa|dir/a.sa|.hidden|a..b/c| a|~a|~/a|com.sa|com10.sa|console|ü/コ|rigmart.tmp/x|"
+                      "rigmart-0123456789abcdef.tmp|rigmart-0123456789abcde.tmp";
     CHECK (allowedOf (good) == juce::CharPointer_UTF8 (good));
+    CHECK (allowedOf ("dir\\sub dir\\a.sa|a/b\\c") == "dir/sub dir/a.sa|a/b/c");
     CHECK (allowedOf (
                "/|\\|/a|\\a|//host/share/a|\\\\?\\C:\\a|a/|a//b|a/\\b|.|..|../a|a/../b|a\\..\\..\\b|a/..|./a"
-               "|a/.|...|a./b|a ./b|a/.. /b|a |C:|C:a|C:/a|a:stream|a/b:c|a\nb|a\tb|a\x7f|NUL|nul.sa|a/Con"
-               "|aux .txt|com1|x/LPT9.tar.gz|com\xc2\xb9.sa|conin$")
+               "|a/.|...|a./b|a ./b|a/.. /b|a |C:|C:a|C:/a|a:stream|a/b:c|a\nb|a\tb|a\x7f")
            == "");
+
+    const auto devices = "NUL|nul.sa|a/Con|aux .txt|com1|x/LPT9.tar.gz|com\xc2\xb9.sa|conin$";
+#if JUCE_WINDOWS
+    CHECK (allowedOf (devices) == "");
+#else
+    CHECK (allowedOf (devices) == juce::CharPointer_UTF8 (devices));
+#endif
+
+    for (auto* folder : { "/other", "inst", "" })
+        CHECK_FALSE (targetPath ("/inst/a", folder).has_value());
 }

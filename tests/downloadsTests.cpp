@@ -183,8 +183,8 @@ TEST_CASE ("a run goes through all outcomes and sums them up, and the next one f
     test.add ("Folder", "folder");
     test.add ("Old", "current");
     test.add ("Out", "../out.sa");
-    test.add ("B", "b");
-    test.add ("B", "b"); // current by then
+    test.add ("B", "sub\\b");
+    test.add ("B", "sub/b"); // current by then
     test.server.reply (item).reply (binary ("Content-Length: 3\r\n" + chunked, {})).reply (item).reply (item);
 
     const juce::String have ("Successfully downloaded: "), notWritten ("Failed to write file:\n" + root);
@@ -204,7 +204,7 @@ TEST_CASE ("a run goes through all outcomes and sums them up, and the next one f
                have + "A, B", outOfDate, current ("2") });
     CHECK (test.statusLines[1] + test.statusLines[2] == "File 1/8 - A File 1/8 - A 100%");
     CHECK (test.installation.files()
-           == juce::StringArray{ "b", "current/buildnumber.txt", "folder/keep.txt", "new/a.sa" });
+           == juce::StringArray{ "current/buildnumber.txt", "folder/keep.txt", "new/a.sa", "sub/b" });
 
     test.items.remove (5);
     test.items.remove (3);
@@ -214,11 +214,20 @@ TEST_CASE ("a run goes through all outcomes and sums them up, and the next one f
     test.items.clear();
     CHECK ((test.run().isEmpty() && test.status().getText().isEmpty()));
 
+    // A program that was killed left a file in the folder of an item that is current.
+    juce::File left;
+    {
+        const temporaryFile writing (test.installation.folder, temporaryFile::readers::everybody);
+        left = test.installation.folder.findChildFiles (juce::File::findFiles, false, "rigmart-*").getFirst();
+    }
+    REQUIRE (left.create().wasOk());
+
     while (test.items.size() < 10000)
         test.add ("Old", "current");
 
     test.items.add ({ { "dl_url", "" }, { "dl_bdr", "999999" } }); // the end, whatever follows
     CHECK (test.run() == juce::StringArray{ "All contents up-to-date.", current ("10000") });
+    CHECK_FALSE (left.exists());
 }
 
 TEST_CASE ("the user may quit when the catalogue fails, when an item is misplaced and while one is received")
@@ -228,6 +237,10 @@ TEST_CASE ("the user may quit when the catalogue fails, when an item is misplace
     CHECK (test->run (true) == juce::StringArray{ "failed" });
     test.emplace().add ("Amp", "../amp.bin");
     CHECK (test->run (true)[0].startsWith ("Failed to write file:\n"));
+
+    test.emplace().add ("Amp", "amp");
+    test->installation.write ("amp.sa", archiveWriter{ 5, { { "a", "1" } } }.write());
+    CHECK (test->run (true)[0].startsWith ("The packed archive "));
 
     test.emplace().add ("Amp", "amp.bin");
     test->server.reply (binary ("Content-Length: 9\r\n", "hello")).waitUntil();

@@ -14,10 +14,12 @@ TEST_CASE ("a remembered login is two scrambled lines")
     CHECK (file.loadFileAsString() == "16.VBCyImenEXYEEhUHdWTFNB\r\n16.HBy6dSNsNccdfamSrJRFNB\r\n");
     CHECK (installation.files() == juce::StringArray{ "rememberme.txt" });
 
-    // What cannot be written leaves the old file.
-    installation.write ("rigmart.tmp/full", "a folder where the temporary file would be");
-    remembered.save ({ "new", "login" });
-    CHECK (remembered.load()->address == "me@example.org");
+    // What is saved is read back, or is not saved.
+    for (auto& [length, saved] : { std::pair (60000, true), { 1000000, false } })
+    {
+        remembered.save ({ juce::String (length), juce::String::repeatedString ("p", length) });
+        CHECK ((remembered.load()->address == juce::String (length)) == saved);
+    }
 
     CHECK_FALSE (rememberedLogin ("relative").load().has_value());
 }
@@ -25,6 +27,7 @@ TEST_CASE ("a remembered login is two scrambled lines")
 TEST_CASE ("whatever stands in the file, loading gives two texts or nothing")
 {
     const juce::String good ("8.3vOirFHvnYN"), accented (juce::CharPointer_UTF8 ("\xc3\xa9"));
+    const auto mark = juce::String::charToString (0xfeff);
     const auto blob = "5242880." + juce::String::repeatedString ("A", 5 * 1024 * 1024);
 
     const std::pair<juce::String, juce::String> table[] = {
@@ -32,6 +35,9 @@ TEST_CASE ("whatever stands in the file, loading gives two texts or nothing")
         { good + "\n" + good + "\n" + good, "none" },
         { blob + "\n" + good, "none" },
         { "\r\n \t\r\n" + good + "\r\n\n\r8.\r  ", accented + "|" },
+        { mark + " \t" + good + "\n0.", accented + "|" },
+        { mark + " 08.3vOirFHvnYN\n8x." + good.substring (2) + "zz", accented + "|" + accented },
+        { "-1.AAAA\n-2147483648.A", "|" },
         { "-1.AAAA\n99999999999999999999.A\n", "|" },
     };
 

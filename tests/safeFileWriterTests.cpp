@@ -1,10 +1,13 @@
+#include "app/installationPaths.h"
 #include "base/safeFileWriter.h"
+#include "content/targetPath.h"
 #include "tests/support/temporaryInstallation.h"
 #include <catch2/catch.hpp>
 
 #if JUCE_LINUX
     #include <csignal>
     #include <sys/mount.h>
+    #include <sys/stat.h>
     #include <sys/wait.h>
     #include <unistd.h>
 #endif
@@ -22,8 +25,7 @@ TEST_CASE ("a file is made with its parents or replaced, whatever its name, and 
 {
     temporaryInstallation installation;
     installation.write ("old.sa", "an old file that is longer than the new one");
-    installation.write ("a/rigmart.tmp", "left behind by a program that was killed");
-    const juce::StringArray names{ "a/b/new.sa", "a/killed.sa", times ("n", 250), "old.sa" };
+    const juce::StringArray names{ "a/b/new.sa", times ("m", 255), times ("n", 250), "old.sa" };
 
     for (auto& name : names)
         CHECK ((replace (installation.folder.getChildFile (name), "new")
@@ -45,8 +47,11 @@ TEST_CASE ("a write that fails leaves the old file and no other trace")
                && installation.files() == before && old.loadFileAsString() == "old";
     };
 
-    for (auto& target : juce::StringArray{ "empty", "dir", "dir/old.sa/below.sa", "dir/" + times ("n", 300) })
+    for (auto& target :
+         juce::StringArray{ "empty", "dir", "dir/old.sa/below.sa", "no/such/" + times ("n", 300) })
         CHECK ((fails (target) && installation.folder.getChildFile ("empty").isDirectory()));
+
+    CHECK_FALSE (installation.folder.getChildFile ("no").exists());
 
 #if JUCE_WINDOWS
     const juce::FileInputStream reader (old); // lets others read and write, but not rename
@@ -69,7 +74,104 @@ TEST_CASE ("a write that fails leaves the old file and no other trace")
 #endif
 }
 
+/** The name of a file that is being written, as one that was killed leaves it. */
+static juce::String abandonedName (const juce::File& folder)
+{
+    const temporaryFile writing (folder, temporaryFile::readers::everybody);
+    REQUIRE (writing.isOpen());
+    return folder.findChildFiles (juce::File::findFiles, false, "rigmart-*").getFirst().getFileName();
+}
+
+TEST_CASE ("the next write removes what was left behind, and nothing that only has such a name")
+{
+    temporaryInstallation installation;
+    const auto name = abandonedName (installation.folder), folderName = abandonedName (installation.folder);
+    CHECK ((temporaryFile::isTemporaryName (name) && temporaryFile::isTemporaryName (name.toUpperCase())));
+    CHECK_FALSE (targetPath (installationFolder + "/a/" + name + "/b", installationFolder).has_value());
+
+    installation.write (name, "left behind");
+    installation.write (folderName + "/kept", "in a folder");
+    juce::StringArray others{ folderName + "/kept", "rigmart-0123456789abcdef.tmp", "rigmart.tmp",
+                              "x" + name };
+
+    for (auto& other : others)
+        installation.write (other, "a user's own");
+
+    {
+        const safeFileWriter underWay (installation.folder.getChildFile ("other.sa"));
+        CHECK (installation.files().size() == 5); // what was left behind is gone, and a temporary file there
+        CHECK (replace (installation.folder.getChildFile ("item.sa"), "new"));
+        CHECK (installation.files().size() == 6);
+    }
+
+    others.insert (0, "item.sa");
+    others.sort (false);
+    CHECK (installation.files() == others);
+}
+
 #if JUCE_LINUX
+TEST_CASE ("pipes, links and other people's files under such a name are in nobody's way, and unharmed")
+{
+    temporaryInstallation installation;
+    const auto secret = installation.write ("elsewhere/secret", "secret");
+    const auto folder = installation.folder.getChildFile ("items");
+    REQUIRE (folder.createDirectory().wasOk());
+    const auto pipe = folder.getChildFile (abandonedName (folder)),
+               link = folder.getChildFile (abandonedName (folder)),
+               foreign = folder.getChildFile (abandonedName (folder));
+    REQUIRE (mkfifo (pipe.getFullPathName().toRawUTF8(), 0600) == 0);
+    REQUIRE (secret.createSymbolicLink (link, false));
+    REQUIRE (foreign.replaceWithText ("another user's"));
+    const auto isRoot = geteuid() == 0;
+    REQUIRE ((! isRoot || chown (foreign.getFullPathName().toRawUTF8(), 65534, 65534) == 0));
+
+    CHECK (replace (folder.getChildFile ("item.sa"), "new"));
+    CHECK ((pipe.exists() && link.isSymbolicLink() && secret.loadFileAsString() == "secret"));
+    CHECK (foreign.exists() == isRoot);
+}
+
+/** Writes the same file over and over, filled with one letter, until it is killed. False when a write fails. */
+static pid_t startWriter (const juce::File& target, char letter)
+{
+    const auto child = fork();
+
+    if (child != 0)
+        return child;
+
+    const auto content = times (juce::String::charToString ((juce::juce_wchar) letter), 100000);
+
+    for (int i = 0; i < 200; ++i)
+        if (! replace (target, content))
+            _exit (1);
+
+    _exit (0);
+}
+
+TEST_CASE ("programs that write into one folder do not mix what they write")
+{
+    temporaryInstallation installation;
+    pid_t writers[4];
+
+    for (size_t i = 0; i < std::size (writers); ++i)
+        writers[i] =
+            startWriter (installation.folder.getChildFile (juce::String ((int) i / 2)), (char) ('a' + i));
+
+    for (auto writer : writers)
+    {
+        int status = 1;
+        CHECK ((waitpid (writer, &status, 0) == writer && status == 0)); // every write succeeded
+    }
+
+    CHECK (installation.files() == juce::StringArray{ "0", "1" });
+
+    for (auto* name : { "0", "1" })
+    {
+        const auto found = installation.folder.getChildFile (name).loadFileAsString().substring (6);
+        CHECK ((found == times (found.substring (0, 1), 100000)
+                && juce::String (name[0] == '0' ? "ab" : "cd").containsChar (found[0])));
+    }
+}
+
 TEST_CASE ("a program killed while it writes leaves the old file or the new one")
 {
     temporaryInstallation installation;

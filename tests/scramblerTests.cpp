@@ -61,8 +61,13 @@ TEST_CASE ("texts have fixed printable forms, and what cannot be one gives no te
         CHECK (unscrambleText (printable, 5172093, 41927506) == juce::CharPointer_UTF8 (text));
     }
 
+    // The size is read as the framework reads numbers.
+    for (auto* odd :
+         { " \t8.LWm6UWeoaXN", "008x.LWm6UWeoaXN", "8 8.LWm6UWeoaXN zz", "4294967304.LWm6UWeoaXN" })
+        CHECK (unscrambleText (odd, 5172093, 41927506) == "7 bytes");
+
     for (auto* impossible :
          { "", ".", "LWm6UWeoaXN", "-8.LWm6UWeoaXN", "8.LWm6UWeoaX", "9.LWm6UWeoaXN", "2147483647.A",
-           "4294967304.LWm6UWeoaXN", "0x8.LWm6UWeoaXN", "8 8.LWm6UWeoaXN", "é.LWm6UWeoaXN" })
+           "4294967305.LWm6UWeoaXN", "0x8.LWm6UWeoaXN", "-2147483648.A", "é.LWm6UWeoaXN" })
         CHECK (unscrambleText (juce::CharPointer_UTF8 (impossible), 5172093, 41927506).isEmpty());
 }

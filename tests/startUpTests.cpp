@@ -6,6 +6,10 @@
 #include "tests/support/temporaryInstallation.h"
 #include <catch2/catch.hpp>
 
+#if ! JUCE_WINDOWS
+    #include <sys/stat.h>
+#endif
+
 static const auto valuePath =
     juce::String ("HKEY_LOCAL_MACHINE\\SOFTWARE\\Dorvik Electronics\\Klangora 4\\InstallationDir");
 
@@ -19,7 +23,10 @@ static void setRegistryValue (const juce::String& value)
     juce::XmlElement root ("PROPERTIES");
     root.createNewChildElement ("VALUE")->setAttribute ("name", valuePath);
     root.getFirstChildElement()->setAttribute ("val", value);
-    REQUIRE ((file.create().wasOk() && file.replaceWithText ("damaged")));
+    REQUIRE ((file.getParentDirectory().createDirectory().wasOk() && file.deleteFile()));
+    REQUIRE (mkfifo (file.getFullPathName().toRawUTF8(), 0600) == 0);
+    CHECK (getRegistryValue (valuePath).isEmpty()); // a pipe is not waited for
+    REQUIRE ((file.deleteFile() && file.create().wasOk() && file.replaceWithText ("damaged")));
     CHECK (getRegistryValue (valuePath).isEmpty());
     REQUIRE (root.writeTo (file));
 #endif
