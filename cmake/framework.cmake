@@ -80,12 +80,16 @@ else()
   target_link_libraries (frameworkCore PUBLIC CURL::libcurl ZLIB::ZLIB Threads::Threads rt ${CMAKE_DL_LIBS})
 endif()
 
-if (FUZZ)    # the fuzzers link the core alone
-  return()
-endif()
-
 find_package (PNG REQUIRED)
 find_package (JPEG REQUIRED)
+
+if (FUZZ)    # the fuzzers link the core alone, but for the one of pictures
+  find_package (Freetype REQUIRED)
+  add_framework_library (frameworkPictures juce_events juce_graphics)
+  target_link_libraries (frameworkPictures PUBLIC frameworkCore PNG::PNG JPEG::JPEG Freetype::Freetype)
+  set_target_properties (frameworkPictures PROPERTIES EXCLUDE_FROM_ALL ON)
+  return()
+endif()
 
 add_framework_library (framework ${window_modules})
 target_link_libraries (framework PUBLIC frameworkCore PNG::PNG JPEG::JPEG)

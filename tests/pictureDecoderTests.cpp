@@ -66,3 +66,34 @@ TEST_CASE ("the framework's decoders survive flipped and random pictures")
         }
     }
 }
+
+TEST_CASE ("a JPEG with more scans than any honest one has, and a PNG that ends in its text, are no pictures")
+{
+    // 8 x 8 pixels in seven scans, of which the last is repeated.
+    juce::MemoryOutputStream progressive;
+    REQUIRE (juce::Base64::convertFromBase64 (
+        progressive,
+        "/9j/4AAQSkZJRgABAQAAAQABAAD/2wBDABsSFBcUERsXFhceHBsgKEIrKCUlKFE6PTBCYFVlZF9VXVtqeJmBanGQc1tdhbWG"
+        "kJ6jq62rZ4C8ybqmx5moq6T/wgALCAAIAAgBAREA/8QAFAABAAAAAAAAAAAAAAAAAAAAAP/aAAgBAQAAAAF//8QAFRABAQAA"
+        "AAAAAAAAAAAAAAAAABT/2gAIAQEAAQUCnf/EABQQAQAAAAAAAAAAAAAAAAAAAAD/2gAIAQEABj8Cf//EABUQAQEAAAAAAAAA"
+        "AAAAAAAAAABx/9oACAEBAAE/IYf/2gAIAQEAAAAQf//EABYQAAMAAAAAAAAAAAAAAAAAAAAR8P/aAAgBAQABPxC0f//Z"));
+    const std::string file (static_cast<const char*> (progressive.getData()), progressive.getDataSize());
+    const auto scan = file.rfind ("\xff\xda");
+    REQUIRE (scan != std::string::npos);
+
+    for (auto& [scans, isPicture] : { std::pair (1, true), { 200, false } })
+    {
+        auto repeated = file.substr (0, file.size() - 2);
+
+        for (int i = 1; i < scans; ++i)
+            repeated += file.substr (scan, file.size() - 2 - scan);
+
+        CHECK (decode ({ (repeated + "\xff\xd9").data(), repeated.size() + 2 }).isValid() == isPicture);
+    }
+
+    // A chunk of text without its end, after the signature and the header.
+    const auto png = encode<juce::PNGImageFormat> (sample());
+    const auto cut =
+        std::string (png.begin(), png.begin() + 33) + std::string ("\0\0\x10\0tEXt", 8) + "Comment";
+    CHECK (decode ({ cut.data(), cut.size() }).isNull());
+}

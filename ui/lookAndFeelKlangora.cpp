@@ -132,18 +132,15 @@ juce::Image lookAndFeelKlangora::loadPicture (const jSimpleArchive& source, cons
         }
     }
 
-    const auto stream = source.createInputStreamFor (file);
+    const auto stream = source.createInputStreamFor (file, largestPictureFile + 1);
     const auto picture = stream != nullptr ? decodePicture (*stream) : juce::Image();
     return picture.convertedToFormat (juce::Image::ARGB);
 }
 
 juce::Image lookAndFeelKlangora::getSkinBackground()
 {
-    if (guiDataSource != nullptr && (reloadSkinBackground || ! wasSkinLoaded))
-    {
+    if (guiDataSource != nullptr && (reloadSkinBackground || skinBackground.isNull()))
         skinBackground = loadPicture (*guiDataSource, skinName);
-        wasSkinLoaded = true;
-    }
 
     return skinBackground;
 }

@@ -95,7 +95,6 @@ private:
                           bool shadeBottomEdge);
 
     juce::Image skinBackground;
-    bool wasSkinLoaded = false;
     juce::Colour baseColour; /**< Of the bodies of buttons and combo boxes. */
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (lookAndFeelKlangora)

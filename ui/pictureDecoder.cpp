@@ -1,8 +1,10 @@
 #include "ui/pictureDecoder.h"
+#include "base/boundedReading.h"
 
-constexpr int maximumFileSize = 32 * 1024 * 1024;
 constexpr int maximumSide = 8192;
-constexpr int maximumPixels = 16 * 1024 * 1024;
+
+/** What decoding takes for each pixel: the decoder's rows, the picture, and what it may be converted to. */
+constexpr size_t bytesPerPixel = 3 * 4;
 
 /** What a file announces; 0 x 0 when it is none of ours. */
 struct pictureSize
@@ -55,19 +57,24 @@ static pictureSize sizeOfJpeg (juce::InputStream& file)
     return {};
 }
 
+/** The decoders take for granted that there is memory for a picture. */
+static bool isMemoryFor (pictureSize size)
+{
+    return juce::HeapBlock<char> (bytesPerPixel * (size_t) size.width * (size_t) size.height) != nullptr;
+}
+
 juce::Image decodePicture (juce::InputStream& stream)
 {
-    juce::MemoryBlock bytes;
-    stream.readIntoMemoryBlock (bytes, maximumFileSize + 1);
+    const auto bytes = readAtMost (stream, (size_t) largestPictureFile + 1);
 
-    if (bytes.isEmpty() || bytes.getSize() > maximumFileSize)
+    if (bytes.isEmpty() || bytes.getSize() > largestPictureFile)
         return {};
 
     juce::MemoryInputStream file (bytes, false);
     const auto size = bytes[0] == (char) 0xff ? sizeOfJpeg (file) : sizeOfPng (file);
 
     if (size.width < 1 || size.height < 1 || size.width > maximumSide || size.height > maximumSide
-        || size.width * size.height > maximumPixels)
+        || ! isMemoryFor (size))
         return {};
 
     return juce::ImageFileFormat::loadFrom (bytes.getData(), bytes.getSize());
