@@ -3,6 +3,7 @@
 #include "app/programVersion.h"
 #include "store/jStoreDialog.h"
 #include "ui/lookAndFeelKlangora.h"
+#include <iostream>
 
 const juce::String theApp::getApplicationName()
 {
@@ -16,6 +17,23 @@ const juce::String theApp::getApplicationVersion()
 
 bool theApp::moreThanOneInstanceAllowed()
 {
+    return false;
+}
+
+bool theApp::initialiseApp()
+{
+#if JUCE_LINUX
+    // The framework would take somebody's display for one that is not named.
+    const auto isNamed = juce::SystemStats::getEnvironmentVariable ("DISPLAY", {}).isNotEmpty();
+#else
+    const auto isNamed = true;
+#endif
+
+    if (isNamed && juce::Desktop::getInstance().getDisplays().getPrimaryDisplay() != nullptr)
+        return JUCEApplicationBase::initialiseApp();
+
+    std::cerr << PROGRAM_NAME << ": there is no display, or it cannot be reached." << std::endl;
+    setApplicationReturnValue (1);
     return false;
 }
 

@@ -12,4 +12,8 @@ public:
     bool moreThanOneInstanceAllowed() override;
     void initialise (const juce::String& commandLine) override;
     void shutdown() override;
+
+private:
+    /** Without a display there is no program: a sentence on standard error, and exit code 1. */
+    bool initialiseApp() override;
 };

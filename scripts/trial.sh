@@ -94,8 +94,8 @@ start_client ()
   client_pid=$!
 }
 
-# Only one copy of the program may run on a machine: prints the process that holds its lock. (Under Wine the
-# machine is the prefix, which no other checkout uses.)
+# Every user may run one copy of the program: prints the process that holds the lock. (Under Wine the
+# user is the prefix, which no other checkout uses.)
 _running_copy ()
 {
   lslocks --noheadings --raw --output PID,PATH | sed -n 's/ .*juceAppLock_Dorvik.*//p' | grep .

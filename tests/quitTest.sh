@@ -1,14 +1,14 @@
 #!/usr/bin/env bash
 # Usage: quitTest.sh COMMAND ARGS...
-# COMMAND starts the program. However a person quits it, the process ends by itself with exit code 0. The
-# program's lock is machine-wide: no copy may run meanwhile.
+# COMMAND starts the program. However a person quits it, the process ends by itself with exit code 0. On
+# Windows no other copy of this user's may run meanwhile.
 set -euo pipefail
 
 # shellcheck source=scripts/person.sh
 source "$(dirname "${BASH_SOURCE[0]}")/../scripts/person.sh"
 
 settings=$(mktemp -d)
-export XDG_CONFIG_HOME=$settings
+export XDG_CONFIG_HOME=$settings XDG_RUNTIME_DIR=$settings    # where the lock lies, on Linux
 program=
 way=
 trap '[[ -z $program ]] || kill -KILL "$program" 2>/dev/null || true; rm -r "$settings"' EXIT

@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
 # Usage: singleInstanceTest.sh COMMAND ARGS...
 # COMMAND starts the program. A second copy ends by itself and opens no window; a copy started after the first
-# one was killed opens. The program's lock is machine-wide: no copy may run meanwhile.
+# one was killed opens. On Windows no other copy of this user's may run meanwhile.
 set -euo pipefail
 
 settings=$(mktemp -d)
-export XDG_CONFIG_HOME=$settings
+export XDG_CONFIG_HOME=$settings XDG_RUNTIME_DIR=$settings    # where the lock lies, on Linux
 copies=()
 
 # Without an installation folder the program's first window is a message box.

@@ -1,0 +1,24 @@
+#!/usr/bin/env bash
+# Usage: displayTest.sh COMMAND ARGS...
+# COMMAND starts the program. Without a display, and with one that cannot be reached, it says so and ends with exit
+# code 1.
+set -euo pipefail
+
+settings=$(mktemp -d)
+export XDG_CONFIG_HOME=$settings
+trap 'rm -r "$settings"' EXIT
+
+for display in "" :4711 no.such.host.example:0; do
+  code=0
+  said=$(DISPLAY=$display timeout 60 "$@" 2>&1 </dev/null) || code=$?
+
+  if ((code != 1)) || [[ $said != "Dorvik Rigmart: there is no display, or it cannot be reached." ]]; then
+    echo "With the display \"$display\": exit code $code, and \"$said\"" >&2
+    exit 1
+  fi
+done
+
+# The same with no such variable at all.
+code=0
+env -u DISPLAY timeout 60 "$@" </dev/null || code=$?
+((code == 1))
