@@ -11,7 +11,7 @@ group_packages ()
       echo g++ cmake ninja-build ccache patch pkg-config catch2 juce-modules-source juce-tools \
         libcurl4-openssl-dev libfreetype-dev libjpeg-dev libpng-dev zlib1g-dev \
         libx11-dev libxcursor-dev libxext-dev libxinerama-dev libxrandr-dev ;;
-    test) echo xvfb openbox xdotool x11-utils imagemagick fonts-dejavu-core openssl ;;
+    test) echo xvfb openbox xdotool x11-utils imagemagick fonts-dejavu-core openssl dpkg-dev ;;
     # The posix flavour of the compiler is the one that has std::mutex.
     windows)
       echo g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64 libz-mingw-w64-dev \

@@ -1,8 +1,7 @@
 #!/usr/bin/env bash
 # Usage: windows-libs.sh BUILD_DIR
 # Makes the static PNG, JPEG and zlib libraries of the Windows build in BUILD_DIR/windows-libs. PNG and JPEG
-# are built from Debian's source packages, so that they carry Debian's patches and apt has checked their
-# signatures; zlib comes from Debian's package for mingw-w64.
+# are built from Debian's sources (see library-sources.sh); zlib comes from Debian's package for mingw-w64.
 set -euo pipefail
 
 scripts=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
@@ -14,42 +13,21 @@ work=$build/windows-libs.work
 log=$build/windows-libs.log
 
 key=$(
-  cat "${BASH_SOURCE[0]}" "$toolchain" | sha256sum
+  cat "${BASH_SOURCE[0]}" "$scripts/library-sources.sh" "$toolchain" | sha256sum
   dpkg-query --show g++-mingw-w64-x86-64-posix libz-mingw-w64-dev
 )
 if [[ -f $libs/stamp && $(head -n 3 "$libs/stamp") == "$key" ]]; then
   exit 0
 fi
 
+"$scripts/library-sources.sh" "$build"
 echo "Building PNG and JPEG for Windows"
 exec 3>&2 >"$log" 2>&1
 trap '(($? == 0)) || { tail -n 30 "$log"; echo "Failed; the whole log is $log"; } >&3' EXIT
 set -x
 rm -rf "$work"
-mkdir -p "$work"/{apt/{lists,cache/archives}/partial,src,build,install/{include,lib}}
-cd "$work/src"
-
-# ---- sources
-
-# Wherever this machine has its packages of the main archive from, the sources are there too. Naming the
-# keyring refuses any other archive that also calls a suite "bookworm".
-apt-get indextargets --no-release-info --format "\$(REPO_URI)" \
-  'Identifier: Packages' 'Release: bookworm' 'Component: main' | sort -u |
-  sed 's|.*|deb-src [signed-by=/usr/share/keyrings/debian-archive-keyring.gpg] & bookworm main|' \
-    >"$work/apt/sources.list"
-
-# All of apt's state is private, so any user may do this. When root does, apt's own unprivileged user need
-# not be able to reach this folder.
-apt=(
-  apt-get -q
-  -o "Dir::State=$work/apt" -o Dir::State::status=/var/lib/dpkg/status
-  -o "Dir::Cache=$work/apt/cache"
-  -o "Dir::Etc::sourcelist=$work/apt/sources.list" -o Dir::Etc::sourceparts=-
-  -o APT::Sandbox::User=root
-)
-# A refused archive makes the update fail, though Debian's index has arrived: "source" is the judge.
-"${apt[@]}" update || true
-"${apt[@]}" --only-source source libpng1.6 libjpeg-turbo
+mkdir -p "$work"/{build,install/{include,lib}}
+cd "$build/library-sources"
 
 # ---- zlib
 
