@@ -12,7 +12,6 @@
 static constexpr const char* unspecified = "Unspecified error.";
 
 /** In bytes. It goes out with every request, and is held in a header line by servers that limit those. */
-static constexpr size_t maximumTokenSize = 16 << 10;
 
 storeService::storeService (const juce::String& origin, const juce::String& folder,
                             const juce::String& tokenToSend, const juce::String& addressToName,
@@ -32,12 +31,13 @@ juce::URL storeService::pageAt (const char* path, const juce::String& postData) 
 /** The whole text of the reply; empty when there is none. */
 static std::string fetchText (const webRequest& request)
 {
+    const readingPatience patience;
     const auto reply = openWebStream (request);
 
     if (reply.stream == nullptr)
         return {};
 
-    const auto bytes = readAtMost (*reply.stream);
+    const auto bytes = readAtMost (*reply.stream, maximumReplySize, patience);
     return decodedText (bytes.getData(), bytes.getSize());
 }
 
@@ -106,9 +106,9 @@ std::unique_ptr<juce::XmlElement> storeService::postToServer (const juce::URL& u
     request.token = token;
 
     std::string text;
-    const auto start = juce::Time::currentTimeMillis();
+    const auto start = juce::Time::getMillisecondCounterHiRes(); // of a clock that is never set
     wait ([&] { text = fetchText (request); });
-    const auto duration = juce::Time::currentTimeMillis() - start;
+    const auto duration = (juce::int64) (juce::Time::getMillisecondCounterHiRes() - start);
 
     if (text.empty())
     {

@@ -2,33 +2,19 @@
 #include "net/webAddress.h"
 
 static constexpr int maximumRedirects = 5;
-
-/** The framework splits header lines at ": " only, though no blank has to follow the colon. */
-static juce::StringPairArray withSplitLines (const juce::StringPairArray& parsed)
-{
-    juce::StringPairArray headers (true);
-
-    for (auto& key : parsed.getAllKeys())
-    {
-        const auto& value = parsed[key];
-        const auto line = value.isEmpty() ? key : key + ": " + value;
-        headers.set (line.upToFirstOccurrenceOf (":", false, false).trim(),
-                     line.fromFirstOccurrenceOf (":", false, false).trim());
-    }
-
-    return headers;
-}
+static constexpr double redirectsMs = 180000.0;
 
 /** A token as it can stand in one header line. */
 static juce::String headerValue (const juce::String& token)
 {
-    juce::String value;
+    juce::MemoryOutputStream value;
 
-    for (auto character : token)
-        if (character >= 0x20 && character != 0x7f)
-            value += character;
+    for (auto text = token.getCharPointer(); ! text.isEmpty(); ++text)
+        if (*text >= 0x20 && *text != 0x7f)
+            value.appendUTF8Char (*text);
 
-    return value.trim();
+    const auto trimmed = value.toUTF8().trim();
+    return trimmed.getNumBytesAsUTF8() > maximumTokenSize ? juce::String() : trimmed;
 }
 
 /** Sends one request and follows no redirect: the framework's back ends follow them differently, and with the
@@ -55,20 +41,21 @@ static webReply sendOnce (const webRequest& request)
 
     using options = juce::URL::InputStreamOptions;
     using parameters = juce::URL::ParameterHandling;
-    juce::StringPairArray headers (true);
     webReply reply;
-    reply.stream = url.createInputStream (options (isPost ? parameters::inPostData : parameters::inAddress)
-                                              .withExtraHeaders (requestHeaders)
-                                              .withProgressCallback (request.progress)
-                                              .withResponseHeaders (&headers)
-                                              .withStatusCode (&reply.status)
-                                              .withNumRedirectsToFollow (0));
+    auto stream = url.createInputStream (options (isPost ? parameters::inPostData : parameters::inAddress)
+                                             .withExtraHeaders (requestHeaders)
+                                             .withProgressCallback (request.progress)
+                                             .withResponseHeaders (&reply.headers)
+                                             .withStatusCode (&reply.status)
+                                             .withNumRedirectsToFollow (0));
+
+    // For http and https the framework makes no other stream.
+    reply.stream.reset (dynamic_cast<juce::WebInputStream*> (stream.release()));
 
     // A reply that broke off can leave headers without a stream, or a stream without a status.
     if (reply.stream == nullptr || reply.status == 0)
         return {};
 
-    reply.headers = withSplitLines (headers);
     return reply;
 }
 
@@ -102,6 +89,7 @@ std::optional<webRequest> redirected (const webRequest& request, int status, con
 
 webReply openWebStream (const webRequest& request)
 {
+    const auto start = juce::Time::getMillisecondCounterHiRes();
     auto hop = std::make_optional (request);
 
     for (int redirects = 0; hop.has_value(); ++redirects)
@@ -111,7 +99,7 @@ webReply openWebStream (const webRequest& request)
         if (! isRedirect (reply))
             return reply;
 
-        if (redirects == maximumRedirects)
+        if (redirects == maximumRedirects || juce::Time::getMillisecondCounterHiRes() - start > redirectsMs)
             break;
 
         hop = redirected (*hop, reply.status, reply.headers["Location"]);

@@ -5,6 +5,9 @@
 #include <memory>
 #include <optional>
 
+/** A longer session token counts as none, in bytes. */
+static constexpr size_t maximumTokenSize = 16 << 10;
+
 /** One request to the store or to an item's server. Built, used once. */
 struct webRequest
 {
@@ -15,7 +18,7 @@ struct webRequest
     juce::String postData;
 
     /** Session token. Sent as the header "Authorization: " + token, without surrounding blanks and control
-        characters; empty for no such header. Never sent to another origin. */
+        characters; no such header when that leaves nothing, or more than 16 KB. Never sent to another origin. */
     juce::String token;
 
     /** Handed to the framework, which reports the sending of a body with it: bytes done and in all; false
@@ -26,8 +29,9 @@ struct webRequest
 /** What came back. */
 struct webReply
 {
-    /** The body, positioned at its start; null when no connection was made or no proper reply came. */
-    std::unique_ptr<juce::InputStream> stream;
+    /** The body, positioned at its start; null when no connection was made or no proper reply came. Once the head
+        of a reply has arrived there is a stream, with whatever body comes. */
+    std::unique_ptr<juce::WebInputStream> stream;
 
     /** Response headers, keys compared without regard to case. Empty without a stream. */
     juce::StringPairArray headers{ true };
@@ -37,8 +41,9 @@ struct webReply
 };
 
 /** Sends a request and waits for the reply's headers, at most the system's 30 seconds of silence. Follows up to
-    five redirects: relative addresses are resolved, a sixth redirect, a redirect from https to http and one that
-    would carry a POST body to another origin are no stream. Message thread; blocks. */
+    five redirects: relative addresses are resolved, a sixth redirect, one that comes more than three minutes after
+    the first request, a redirect from https to http and one that would carry a POST body to another origin are no
+    stream. Connections are kept for the next request to the same origin. Message thread; blocks. */
 webReply openWebStream (const webRequest& request);
 
 /** The request that follows a redirect with this status (301, 302, 303, 307 or 308) to this location, which may be

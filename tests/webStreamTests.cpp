@@ -6,6 +6,7 @@
 #include <cstring>
 
 #if JUCE_LINUX
+    #include <csignal>
     #include <cstdarg>
     #include <ctime>
     #include <curl/curl.h>
@@ -54,6 +55,7 @@ TEST_CASE ("a redirect leads where a browser goes, token and body not to strange
 
 TEST_CASE ("a request goes out as it is told, with its token in one line")
 {
+    const std::string longest (16384, 't'), tooLong (1000000, 't');
     const struct
     {
         const char *path, *postData, *token, *line, *header;
@@ -61,6 +63,8 @@ TEST_CASE ("a request goes out as it is told, with its token in one line")
         { "/a?b=1&flag&c=&d=%20+e#f", "", "", "GET /a?b=1&flag&c=&d=%20+e HTTP/1.1", "" },
         { "/!a b\x7f~\xc3\xa4", "", "abc", "GET /!a%20b%7F~%C3%A4 HTTP/1.1", "abc" },
         { "", "a=b", " \r\n a\r\nX: y\t\x7f-content-type \n", "POST / HTTP/1.1", "aX: y-content-type" },
+        { "/", "", longest.c_str(), "GET / HTTP/1.1", longest.c_str() },
+        { "/", "", tooLong.c_str(), "GET / HTTP/1.1", "" },
     };
 
     scriptedServer server;
@@ -127,6 +131,148 @@ TEST_CASE ("status, headers and body are read to their end, however they come")
         }
 }
 
+TEST_CASE ("once its head is there a reply counts, and how its body ended is seen at its end only")
+{
+    const std::string head = "HTTP/1.1 200 OK\r\nContent-Type: a/b\r\nContent-Length: 1000\r\n\r\n";
+
+    for (const size_t size : { 0u, 1u, 400u, 999u })
+        for (auto resets : { false, true })
+            for (int attempt = 0; attempt < 4; ++attempt)
+            {
+                INFO (size << " bytes" << (resets ? ", reset" : ""));
+                scriptedServer server;
+                server.reply (head + std::string (size, 'x'));
+
+                if (resets)
+                    server.reset();
+
+                const auto reply = ask (server.origin());
+                REQUIRE (reply.status == 200);
+                CHECK (reply.headers["Content-Length"] == "1000");
+                CHECK (bodyOf (reply) == std::string (size, 'x'));
+            }
+}
+
+TEST_CASE ("the head is there before the body, and what has arrived is read without waiting for more")
+{
+    std::atomic<bool> isOpened{ false }, isRead{ false };
+    char bytes[10];
+    scriptedServer server;
+    server.reply ("HTTP/1.1 200 a: b\r\nContent-Length:8\r\n\r\n").waitUntil ([&] {
+        return isOpened.load();
+    });
+    server.send ("half").waitUntil ([&] { return isRead.load(); }).send ("rest");
+
+    const auto reply = ask (server.origin());
+    REQUIRE (reply.headers["Content-Length"] == "8");
+#if ! JUCE_WINDOWS
+    CHECK ((reply.stream->readSome (bytes, 10, 20) == 0 && ! reply.stream->isExhausted()));
+#endif
+    isOpened = true;
+    CHECK (std::string (bytes, (size_t) reply.stream->readSome (bytes, 10, 20000)) == "half");
+    isRead = true;
+    CHECK (bodyOf (reply) == "rest");
+    CHECK ((reply.stream->readSome (bytes, 10, 20000) == 0 && reply.stream->isExhausted()));
+}
+
+TEST_CASE ("a head of many lines is read, one above 256 KB is none, and a trailer is no part of it")
+{
+    std::string lines;
+
+    while (lines.size() < 255000)
+        lines += std::to_string (lines.size()) + ":x\r\n";
+
+    scriptedServer server;
+    server.reply ("HTTP/1.1 200 OK\r\n" + lines + "a:b\r\nA:  c \r\nContent-Length: 4\r\n\r\nbody");
+    server.reply ("HTTP/1.1 200 OK\r\n" + lines + "a: " + std::string (9000, 'b')
+                  + "\r\nContent-Length: 4\r\n\r\nbody");
+    server.reply ("HTTP/1.1 103 Early\r\nA: b\r\n\r\nHTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n"
+                  "4\r\nbody\r\n0\r\nB: c\r\n\r\n");
+
+    const auto reply = ask (server.origin());
+    CHECK ((reply.headers["0"] == "x" && reply.headers["A"] == "b,c" && bodyOf (reply) == "body"));
+    CHECK (ask (server.origin()).stream == nullptr);
+    const auto chunked = ask (server.origin());
+    CHECK (bodyOf (chunked) == "body");
+    CHECK (chunked.headers.getAllKeys().joinIntoString (",") == "Transfer-Encoding");
+}
+
+TEST_CASE ("a connection is kept for the next request of any account, each with its own token")
+{
+    scriptedServer server;
+
+    for (auto* token : { "first", "", "second" })
+    {
+        server.reply (keptReply ("body")).keep();
+        CHECK (bodyOf (ask (server.origin(), "a=b", token)) == "body");
+        CHECK (server.requests().back().header ("Authorization") == token);
+    }
+
+    server.reply ("HTTP/1.1 302 Found\r\nLocation: /there\r\nContent-Length: 0\r\n\r\n").keep();
+    server.reply (keptReply ("moved")).keep();
+    CHECK (bodyOf (ask (server.origin())) == "moved");
+    CHECK (server.connections() == 1);
+
+    server.reply (keptReply ("body"));
+    server.reply (okReply ("body")).reply (okReply ("body"));
+    for (int i = 0; i < 3; ++i)
+        CHECK (bodyOf (ask (server.origin(), "a=b")) == "body");
+
+    CHECK (server.connections() == 3);
+}
+
+TEST_CASE ("what broke off or came too much on one connection does no harm to the next request")
+{
+    scriptedServer server;
+    const std::string head = "HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\n";
+    server.reply (head + "body and more").keep();
+    server.reply (head + "bo").reset();
+    server.reply (head + "body").keep();
+    server.reply (head + "bo").keep().waitUntil();
+    server.reply (head + "body").keep();
+
+    CHECK (bodyOf (ask (server.origin())) == "body");
+    CHECK (bodyOf (ask (server.origin())) == "bo");
+    CHECK (bodyOf (ask (server.origin())) == "body");
+    CHECK (ask (server.origin()).status == 200); // given up half way
+    CHECK (bodyOf (ask (server.origin(), "a=b")) == "body");
+}
+
+TEST_CASE ("a kept connection that ends just as it is used: a GET is asked once more, a POST is not")
+{
+    scriptedServer server;
+    server.reply (keptReply ("body")).keep().reply().reply (keptReply ("again")).keep().reply();
+    CHECK (bodyOf (ask (server.origin())) == "body");
+    CHECK (bodyOf (ask (server.origin())) == "again");
+    CHECK (ask (server.origin(), "a=b").stream == nullptr);
+    std::string all;
+
+    for (auto& request : server.requests())
+        all += request.line() + "|" + request.body() + "; ";
+
+    CHECK (all == "GET / HTTP/1.1|; GET / HTTP/1.1|; GET / HTTP/1.1|; POST / HTTP/1.1|a=b; ");
+}
+
+TEST_CASE ("a text that comes too slowly, or never ends, is none")
+{
+    const struct
+    {
+        int bytesPerSecond, windowSeconds, totalSeconds;
+        bool isText;
+    } table[] = { { 1000, 1, 10, true }, { 4000, 1, 10, false }, { 1000, 1, 1, false } };
+
+    for (auto& row : table)
+    {
+        INFO (row.bytesPerSecond << " in " << row.windowSeconds << " of " << row.totalSeconds);
+        scriptedServer server;
+        server.reply ("HTTP/1.1 200 OK\r\n\r\n").trickle (std::string (3000, 'x'), 2000);
+        const readingPatience patience{ row.windowSeconds, row.bytesPerSecond, row.totalSeconds };
+        const auto reply = ask (server.origin());
+        REQUIRE (reply.status == 200);
+        CHECK (readAtMost (*reply.stream, 5000, patience).getSize() == size_t (row.isText ? 3000 : 0));
+    }
+}
+
 TEST_CASE ("reading stops where it is told, and at 64 MB")
 {
     juce::MemoryInputStream stream (juce::MemoryBlock (67108864 + 65538, true));
@@ -179,8 +325,12 @@ TEST_CASE ("a request never sleeps, and a server silent for 30 seconds, which pa
     REQUIRE (options[CURLOPT_LOW_SPEED_TIME] == 30);
     REQUIRE (options[CURLOPT_LOW_SPEED_LIMIT] > 0);
 
+    // Signals that interrupt what waits, as the framework's own handler of Ctrl+C lets them.
     hurries = true;
-    server.reply().waitUntil();
+    struct sigaction interrupting = {};
+    interrupting.sa_handler = [] (int) {};
+    sigaction (SIGUSR1, &interrupting, nullptr);
+    server.reply().waitUntil ([waiting = pthread_self()] { return pthread_kill (waiting, SIGUSR1) != 0; });
     CHECK (ask (server.origin(), "a=b").stream == nullptr);
     server.reply ("HTTP/1.1 200 OK\r\nContent-Length: 50\r\n\r\nhalf").waitUntil();
     CHECK (bodyOf (ask (server.origin(), "a=b")) == "half");

@@ -52,6 +52,12 @@ std::string okReply (const std::string& body, const std::string& contentType)
     return replyWith ("200 OK", "Content-Type: " + contentType + "\r\n", body);
 }
 
+std::string keptReply (const std::string& body, const std::string& contentType)
+{
+    return "HTTP/1.1 200 OK\r\nContent-Type: " + contentType
+           + "\r\nContent-Length: " + std::to_string (body.size()) + "\r\n\r\n" + body;
+}
+
 //==============================================================================
 /** Appends what comes within a moment; false when the client has hung up. */
 static bool receive (juce::StreamingSocket& socket, std::string& bytes)
@@ -136,6 +142,32 @@ scriptedServer& scriptedServer::waitUntil (const condition& isOver)
     });
 }
 
+scriptedServer& scriptedServer::trickle (const std::string& bytes, int bytesPerSecond)
+{
+    const auto piece = (size_t) bytesPerSecond / 10;
+
+    for (size_t start = 0; start < bytes.size(); start += piece)
+        send (bytes.substr (start, piece)).pause (100);
+
+    return *this;
+}
+
+scriptedServer& scriptedServer::pause (int milliseconds)
+{
+    return add ([=] {
+        const auto end = juce::Time::getMillisecondCounterHiRes() + milliseconds;
+
+        for (std::string ignored;
+             juce::Time::getMillisecondCounterHiRes() < end && ! stopping && receive (*client, ignored);)
+        {}
+    });
+}
+
+scriptedServer& scriptedServer::keep()
+{
+    return add ([this] { isKept = true; });
+}
+
 scriptedServer& scriptedServer::reset()
 {
     return add ([this] {
@@ -152,18 +184,40 @@ std::vector<recordedRequest> scriptedServer::requests() const
 }
 
 //==============================================================================
+/** Waits for bytes on the kept connection, or for a new one. */
+bool scriptedServer::waitForRequest()
+{
+    if (client != nullptr && client->waitUntilReady (true, 5) == 1)
+        return true;
+
+    if (listener.waitUntilReady (true, 5) != 1)
+        return false;
+
+    client.reset (listener.waitForNextConnection());
+    ++opened;
+    return true;
+}
+
 void scriptedServer::run()
 {
     while (! stopping)
     {
-        if (listener.waitUntilReady (true, 10) != 1)
+        if (! waitForRequest())
             continue;
 
-        client.reset (listener.waitForNextConnection());
         recordedRequest request;
+        auto isOpen = true;
 
-        while (! stopping && ! isComplete (request) && receive (*client, request.bytes))
-        {}
+        while (! stopping && ! isComplete (request) && isOpen)
+            isOpen = receive (*client, request.bytes);
+
+        isKept = false;
+
+        if (request.bytes.empty())
+        {
+            client.reset(); // the client had nothing to ask
+            continue;
+        }
 
         std::unique_lock<std::mutex> guard (lock);
         received.push_back (request);
@@ -175,6 +229,9 @@ void scriptedServer::run()
             if (! stopping)
                 step();
 
-        client.reset();
+        if (! isKept)
+            client.reset();
     }
+
+    client.reset();
 }

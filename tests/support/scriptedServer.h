@@ -24,8 +24,8 @@ struct recordedRequest
 };
 
 /** An HTTP server on the loopback interface that plays exactly the bytes it is told, right or wrong, and keeps
-    the requests. It takes one connection after the other and one request on each; every connection plays the
-    next reply of the script:
+    the requests. It takes one connection after the other; every request is answered with the next reply of the
+    script:
 
         scriptedServer server;
         server.reply (okReply ("<a/>"));
@@ -46,8 +46,8 @@ public:
     /** "http://127.0.0.1:" and the port. */
     const juce::String& origin() const { return address; }
 
-    /** Appends a reply to the script: these bytes, then the end of the connection. What follows, up to the next
-        reply(), adds to it. */
+    /** Appends a reply to the script: these bytes, then the end of the connection unless it is kept. What follows,
+        up to the next reply(), adds to it. */
     scriptedServer& reply (const std::string& bytes = {});
 
     scriptedServer& send (const std::string& bytes);
@@ -55,26 +55,41 @@ public:
     /** Silence until this holds or the client hangs up; without a condition, until then. */
     scriptedServer& waitUntil (const condition& = [] { return false; });
 
+    /** These bytes, in pieces of 100 ms each, at this speed. */
+    scriptedServer& trickle (const std::string& bytes, int bytesPerSecond);
+
+    /** Silence for so long, or until the client hangs up. */
+    scriptedServer& pause (int milliseconds);
+
     /** The connection ends torn down (RST) instead of closed (FIN). */
     scriptedServer& reset();
 
+    /** The connection waits for another request. A client may open a new one instead. */
+    scriptedServer& keep();
+
     /** The requests so far. */
     std::vector<recordedRequest> requests() const;
+
+    /** How many connections there were so far. */
+    int connections() const { return opened; }
 
 private:
     using script = std::vector<std::function<void()>>;
 
     void run();
+    bool waitForRequest();
     scriptedServer& add (const script::value_type&);
 
     juce::StreamingSocket listener;
     juce::String address;
 
     std::unique_ptr<juce::StreamingSocket> client; // used by the thread alone
+    bool isKept = false;                           // so is this
     mutable std::mutex lock;                       // guards what follows up to the flag
     std::vector<script> replies;
     std::vector<recordedRequest> received;
     std::atomic<bool> stopping{ false };
+    std::atomic<int> opened{ 0 };
 
     std::thread thread;
 
@@ -85,5 +100,8 @@ private:
     with its length. */
 std::string replyWith (const std::string& status, const std::string& headers, const std::string& body = {});
 
-/** A well-formed "200 OK". */
+/** A well-formed "200 OK" that ends the connection. */
 std::string okReply (const std::string& body, const std::string& contentType = "text/xml");
+
+/** The same as an item on a connection that is kept. */
+std::string keptReply (const std::string& body, const std::string& contentType = "application/octet-stream");
