@@ -2,67 +2,39 @@
 #include "base/boundedReading.h"
 #include "base/validText.h"
 
-namespace
+static constexpr double tickMs = 40.0;
+static constexpr int waitMs = 5; // for a line that is slower than a tick
+
+itemDownload::itemDownload (std::unique_ptr<juce::WebInputStream> bodyToReceive, int announcedSize)
+    : body (std::move (bodyToReceive)),
+      expected (announcedSize)
 {
-constexpr double tickMs = 40.0;
-
-// A read waits until all that it asked for is there. The pieces are fitted to the speed of the connection, so that
-// on a slow one a tick is not held up by a large piece.
-constexpr int smallestPiece = 512, largestPiece = 2 * 1024 * 1024;
-constexpr double fastPieceMs = 4.0, slowPieceMs = 16.0;
-
-int announcedSize (const juce::StringPairArray& headers)
-{
-    const auto size = headers.getValue ("Content-Length", "0").getLargeIntValue();
-    return size > 0 && size <= std::numeric_limits<int>::max() ? (int) size : 0;
-}
-}
-
-itemDownload::itemDownload (webReply replyToRead, const juce::String& itemName)
-    : reply (std::move (replyToRead)),
-      name (itemName),
-      expected (announcedSize (reply.headers))
-{}
-
-juce::String itemDownload::refusal()
-{
-    juce::String zeroSize ("License server reports zero size binary download for file " + name);
-
-    if (reply.stream == nullptr || expected < 1)
-        return zeroSize;
-
-    const auto type = reply.headers.getValue ("Content-Type", {});
-
-    if (type.containsIgnoreCase ("text/html"))
-    {
-        const auto page = readAtMost (*reply.stream);
-        const auto text = validText (page.getData(), page.getSize());
-        return text.isNotEmpty() ? text : zeroSize;
-    }
-
-    return type.isNotEmpty() ? juce::String() : "Unknown Content-Type. Error downloading file " + name;
+    jassert (body != nullptr && expected > 0);
 }
 
 bool itemDownload::receive()
 {
+    jassert (body != nullptr);
+
     const auto start = juce::Time::getMillisecondCounterHiRes();
 
     for (auto now = start; now - start < tickMs;)
     {
-        const auto got = body.readFrom (*reply.stream, pieceSize);
+        const auto space = received.makeSpace();
 
-        if (got == 0 || body.getSize() > expected || reply.stream->isExhausted())
+        if (space.size > 0)
+            received.add (body->readSome (space.start, space.size, waitMs));
+
+        // With the announced size there, the end of the stream is not waited for: it may come much later.
+        if (space.size == 0 || received.getSize() >= expected || body->isExhausted())
         {
-            reply.stream.reset();
+            body.reset();
             return false;
         }
 
-        const auto before = std::exchange (now, juce::Time::getMillisecondCounterHiRes());
-
-        if (now - before < fastPieceMs)
-            pieceSize = juce::jmin (pieceSize * 2, largestPiece);
-        else if (now - before > slowPieceMs)
-            pieceSize = juce::jmax (pieceSize / 2, smallestPiece);
+        // Whoever had to be waited for has nothing more just now.
+        if (std::exchange (now, juce::Time::getMillisecondCounterHiRes()) + waitMs < now)
+            break;
     }
 
     return true;
@@ -70,11 +42,53 @@ bool itemDownload::receive()
 
 int itemDownload::percent() const
 {
-    return (int) juce::jmin ((juce::int64) 100, body.getSize() * 100 / expected);
+    return (int) juce::jmin ((juce::int64) 100, received.getSize() * 100 / expected);
 }
 
 bool itemDownload::save (const juce::File& target) const
 {
     safeFileWriter writer (target);
-    return body.writeTo (writer) && writer.commit();
+    return received.writeTo (writer) && writer.commit();
+}
+
+//==============================================================================
+/** The size that a reply announces; 0 for none, and for one that is no size of an item. */
+static int announcedSize (const juce::StringPairArray& headers)
+{
+    const auto size = headers.getValue ("Content-Length", "0").getLargeIntValue();
+    return size > 0 && size <= std::numeric_limits<int>::max() ? (int) size : 0;
+}
+
+/** An error page of some server in between is no item, nor is a part of one. */
+static bool isWhole (int status)
+{
+    return status >= 200 && status <= 299 && status != 206;
+}
+
+openedItem openItem (const webRequest& request, const juce::String& name)
+{
+    const readingPatience patience;
+    auto reply = openWebStream (request);
+
+    const auto size = announcedSize (reply.headers);
+    const auto type = reply.headers.getValue ("Content-Type", {});
+    const juce::String zeroSize ("License server reports zero size binary download for file " + name);
+
+    if (reply.stream == nullptr || size < 1)
+        return zeroSize;
+
+    if (type.containsIgnoreCase ("text/html"))
+    {
+        const auto page = readAtMost (*reply.stream, maximumReplySize, patience);
+        const auto text = validText (page.getData(), page.getSize());
+        return text.isNotEmpty() ? text : zeroSize;
+    }
+
+    if (! isWhole (reply.status))
+        return zeroSize;
+
+    if (type.isEmpty())
+        return "Unknown Content-Type. Error downloading file " + name;
+
+    return std::make_unique<itemDownload> (std::move (reply.stream), size);
 }

@@ -2,39 +2,43 @@
 
 #include "content/receiveBuffer.h"
 #include "net/webStream.h"
+#include <variant>
 
-/** One item on its way: the reply to the request for it, and its bytes as they arrive. */
+/** One item on its way: its bytes as they arrive. Made by openItem. */
 class itemDownload
 {
 public:
-    /** Takes over the reply. `name` is used in messages only. */
-    itemDownload (webReply reply, const juce::String& name);
+    /** Receives a body that was announced with so many bytes. There is a stream, and the size is above 0. */
+    itemDownload (std::unique_ptr<juce::WebInputStream> body, int announcedSize);
 
-    /** Why the item cannot be received, as a text for the user; empty when it can. A store that refuses says so
-        in a web page, which is read here. */
-    juce::String refusal();
-
-    /** Receives for about 40 ms, so that the window gets its turn, and returns whether more is to come. No more
-        comes after the end, after a broken connection, when there is more than announced, and when memory runs
-        out. */
+    /** Receives what has arrived, for at most about 40 ms, so that the window gets its turn, and returns whether
+        more is to come. No more comes once the announced size is there, after a broken connection, and when memory
+        runs out. Not to be called again after that. */
     bool receive();
 
     /** Share of the announced size that has arrived, 0 to 100. */
     int percent() const;
 
-    /** The size that the reply announced in bytes, 0 for none and for one that is no size of an item. */
+    /** The size that the reply announced, in bytes. */
     int expectedSize() const { return expected; }
 
     /** Bytes that have arrived. */
-    juce::int64 receivedSize() const { return body.getSize(); }
+    juce::int64 receivedSize() const { return received.getSize(); }
 
     /** Writes what has arrived, wholly or not at all. */
     bool save (const juce::File& target) const;
 
 private:
-    webReply reply;
-    const juce::String name;
+    std::unique_ptr<juce::WebInputStream> body; // null once no more comes
     const int expected;
-    receiveBuffer body;
-    int pieceSize = 4096;
+    receiveBuffer received;
+
+    JUCE_DECLARE_NON_COPYABLE (itemDownload)
 };
+
+/** What came of the request for an item: its download, or why there is none, as a text for the user. */
+using openedItem = std::variant<std::unique_ptr<itemDownload>, juce::String>;
+
+/** Sends the request and judges the head of the reply. A store that refuses says so in a web page, which is read
+    here. `name` is used in messages only. Blocks as openWebStream and readAtMost do. */
+openedItem openItem (const webRequest& request, const juce::String& name);

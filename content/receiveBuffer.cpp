@@ -1,7 +1,8 @@
 #include "content/receiveBuffer.h"
 
-int receiveBuffer::readFrom (juce::InputStream& source, int maximum)
+receiveBuffer::space receiveBuffer::makeSpace()
 {
+    static constexpr size_t largest = 1 << 30;
     const auto used = (size_t) size % chunkSize;
 
     if (used == 0 && (size_t) size == chunks.size() * chunkSize)
@@ -9,15 +10,18 @@ int receiveBuffer::readFrom (juce::InputStream& source, int maximum)
         juce::HeapBlock<char> chunk (chunkSize);
 
         if (chunk == nullptr)
-            return 0;
+            return { nullptr, 0 };
 
         chunks.push_back (std::move (chunk));
     }
 
-    const auto wanted = (int) juce::jmin ((size_t) maximum, chunkSize - used);
-    const auto got = juce::jmax (0, source.read (chunks.back() + used, wanted));
-    size += got;
-    return got;
+    return { chunks.back() + used, (int) juce::jmin (chunkSize - used, largest) };
+}
+
+void receiveBuffer::add (int count)
+{
+    jassert (count >= 0 && (size_t) size + (size_t) count <= chunks.size() * chunkSize);
+    size += count;
 }
 
 bool receiveBuffer::writeTo (safeFileWriter& writer) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/safeFileWriter.h"
+#include <juce_core/juce_core.h>
 #include <vector>
 
 /** Bytes that arrive piece by piece, held until all are there. It grows by one chunk at a time and never copies
@@ -14,9 +15,18 @@ public:
         : chunkSize (bytesPerChunk)
     {}
 
-    /** Reads what comes next, at most `maximum` bytes, and returns how many those were: 0 at the end of the
-        stream, and when there is no memory to hold more. */
-    int readFrom (juce::InputStream& source, int maximum);
+    /** Where bytes may be put, and how many. */
+    struct space
+    {
+        char* start;
+        int size; /**< 0 when there is no memory to hold more. */
+    };
+
+    /** Room for what comes next. */
+    space makeSpace();
+
+    /** Takes the first so many bytes of the room that was made last. */
+    void add (int count);
 
     juce::int64 getSize() const { return size; }
 

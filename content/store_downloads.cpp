@@ -210,22 +210,20 @@ void store_downloads::openDownload()
         return true;
     };
 
-    juce::String refusal;
-
-    {
+    auto opened = [&] {
         const busyCursor busy;
-        download = std::make_unique<itemDownload> (openWebStream (request), item.name);
-        refusal = download->refusal();
-    }
+        return openItem (request, item.name);
+    }();
 
-    if (refusal.isEmpty())
+    if (auto* opening = std::get_if<std::unique_ptr<itemDownload>> (&opened))
     {
+        download = std::move (*opening);
         startTimer (downloadTimer, downloadTimerMs);
         return;
     }
 
     addFailure();
-    showAttention (refusal);
+    showAttention (std::get<juce::String> (opened));
 
     if (self == nullptr)
         return;

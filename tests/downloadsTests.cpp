@@ -118,8 +118,17 @@ TEST_CASE ("each reply is stored, discarded or shown as a refusal")
           error + "16000001 bytes, but got 16000000 bytes.\n\nThe file will be discarded." },
         { binary ("Content-Length: 20000000\r\n", large), error + "20000000 bytes, but got ", 0, true },
         { binary ("Content-Length: 3\r\nTransfer-Encoding: chunked\r\n\r\nf42400\r\n" + large, {}),
-          error + "3 bytes, but got 4096 bytes", 0, false, true },
+          error + "3 bytes, but got ", 0, false, true },
         { binary ("Content-Length: 3\r\n" + chunked, {}), error + "3 bytes, but got 5 bytes" },
+        { binary ("Content-Length: 1000\r\n", {}), error + "1000 bytes, but got 0 bytes.", 0, true },
+        { binary ("Content-Length: 1000\r\n", std::string (400, 'x')),
+          error + "1000 bytes, but got 400 bytes." },
+        { replyWith ("404 Not Found", "Content-Type: a/b\r\n", "hello"), zero },
+        { replyWith ("503 Busy", "Content-Type: a/b\r\n", "hello"), zero },
+        { replyWith ("206 Partial", "Content-Type: a/b\r\n", "hello"), zero },
+        { replyWith ("203 From Elsewhere", "Content-Type: a/b\r\n", "hello"), stored },
+        { binary ("Content-Length: 5\r\nTransfer-Encoding: chunked\r\n\r\n5\r\nhello\r\n", {}), stored, 0,
+          false, true },
         { binary ("Content-Length: 5\r\nContent-Length: 5\r\n", "hello"), stored, 5 },
         { ok + "content-length:5\r\nDate: today\r\ncontent-type:a/b\r\n\r\nhello", stored },
     };
@@ -159,10 +168,13 @@ TEST_CASE ("a body in several chunks is written whole, and ends where there is n
     const auto file = installation.folder.getChildFile ("item");
     juce::MemoryInputStream source ("twelve bytes", 12, false);
     receiveBuffer body (5), endless (std::numeric_limits<size_t>::max() / 4);
-    CHECK (endless.readFrom (source, 5) == 0);
+    CHECK (endless.makeSpace().size == 0);
 
-    while (body.readFrom (source, 3) > 0)
-    {}
+    while (! source.isExhausted())
+    {
+        const auto space = body.makeSpace();
+        body.add (source.read (space.start, juce::jmin (3, space.size)));
+    }
 
     safeFileWriter writer (file);
     CHECK ((body.writeTo (writer) && writer.commit() && file.loadFileAsString() == "twelve bytes"));
