@@ -11,8 +11,6 @@
 /** What a message says when the service gave no reason. */
 static constexpr const char* unspecified = "Unspecified error.";
 
-/** In bytes. It goes out with every request, and is held in a header line by servers that limit those. */
-
 storeService::storeService (const juce::String& origin, const juce::String& folder,
                             const juce::String& tokenToSend, const juce::String& addressToName,
                             waiting howToWait)
