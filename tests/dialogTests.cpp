@@ -71,14 +71,16 @@ struct stage
         holder->getPeer()->handleKeyPress (juce::KeyPress (key, modifiers, 0));
     }
 
-    struct keyEater : juce::Component
+    struct eater : juce::Component
     {
         bool keyPressed (const juce::KeyPress&) override { return ++keys > 0; }
-        int keys = 0;
+        void mouseWheelMove (const juce::MouseEvent&, const juce::MouseWheelDetails&) override { ++gestures; }
+        void mouseMagnify (const juce::MouseEvent&, float) override { ++gestures; }
+        int keys = 0, gestures = 0;
     };
 
     recordingListener owner;
-    std::unique_ptr<keyEater> holder = std::make_unique<keyEater>();
+    std::unique_ptr<eater> holder = std::make_unique<eater>();
     juce::Component behind;
 };
 
@@ -149,6 +151,7 @@ TEST_CASE ("however a dialog is closed, its owner is told once and nothing is le
          },
           "before, Done, after" },
         { [] (stage& s, testDialog&) { s.holder.reset(); }, {} },
+        { [] (stage&, testDialog& d) { delete &d.overlay(); }, {} },
     };
 
     for (auto& [act, calls] : cases)
@@ -212,6 +215,66 @@ TEST_CASE ("the keyboard stays in the dialog, reaches its buttons, and returns t
     CHECK (s.owner.calls[1] == "jControl | r2");
     CHECK (focused() == &s.behind);
     checkNothingLeft();
+}
+
+TEST_CASE ("while the focused control is disabled the bar has the keyboard; then the control has it again")
+{
+    stage s;
+    s.waitForFocus();
+    auto& dialog = s.open ({ "A", "B", "" });
+    juce::TextButton control;
+    dialog.addAndMakeVisible (control);
+    const auto focused = [] { return juce::Component::getCurrentlyFocusedComponent(); };
+    control.grabKeyboardFocus();
+    drainMessages();
+
+    for (auto interrupted : { false, true })
+    {
+        control.setEnabled (false);
+        CHECK (focused() == dialog.bar().getChildComponent (0));
+        drainMessages();
+
+        if (interrupted) // as by a message box
+            s.behind.grabKeyboardFocus();
+
+        control.setEnabled (true);
+
+        if (interrupted)
+            dialog.bar().getChildComponent (0)->grabKeyboardFocus();
+
+        drainMessages();
+        CHECK (focused() == &control);
+    }
+
+    control.setEnabled (false);
+    drainMessages();
+    dialog.bar().getChildComponent (1)->grabKeyboardFocus(); // the user's own choice stays
+    drainMessages();
+    control.setEnabled (true);
+    CHECK (focused() == dialog.bar().getChildComponent (1));
+    control.setEnabled (false);
+    s.type (juce::KeyPress::escapeKey);
+    CHECK (s.owner.calls.contains ("Done"));
+}
+
+TEST_CASE ("in a holder nothing of the mouse passes the overlay; a modal holder does not mute the dialog")
+{
+    stage s;
+    auto& dialog = s.open();
+    auto& peer = *s.holder->getPeer();
+    const auto source = juce::MouseInputSource::InputSourceType::mouse;
+
+    for (auto point : { juce::Point<float> (3.0f, 3.0f), juce::Point<float> (200.0f, 200.0f) })
+    {
+        peer.handleMouseWheel (source, point, 0, { 0.0f, 1.0f, false, false, false });
+        peer.handleMagnifyGesture (source, point, 0, 1.5f);
+    }
+
+    CHECK (s.holder->gestures == 0);
+    s.holder->enterModalState (false);
+    click (dialog.bar(), 100, 12);
+    CHECK (s.owner.calls.contains ("Done"));
+    s.holder->exitModalState (0);
 }
 
 TEST_CASE ("a dialog lies in the middle of its holder, on an overlay that is composed once")
@@ -280,7 +343,9 @@ TEST_CASE ("a window of its own: centred, filled by the dialog, dragged by its t
     auto& window = *dialog.getTopLevelComponent();
     const auto start = area.getCentre() - juce::Point<int> (250, 250);
     CHECK (window.getBounds() == juce::Rectangle<int> (500, 500) + start);
+    CHECK_FALSE (window.isVisible()); // not before it has its full size
     dialog.setDialogSize (700, 500);
+    CHECK (window.isVisible());
     CHECK (window.getScreenBounds() == juce::Rectangle<int> (700, 548) + start);
     CHECK (dialog.getBounds() == juce::Rectangle<int> (0, 24, 700, 500));
     const auto grip = dialog.title().localPointToGlobal (juce::Point<int> (100, 12));
@@ -291,10 +356,33 @@ TEST_CASE ("a window of its own: centred, filled by the dialog, dragged by its t
     CHECK (window.getPosition() == start + juce::Point<int> (-31, 17));
     mouse (dialog.title(), 0, 0, false);
 
+    // A window manager overrules: the dialog stays in the middle, whole.
+    window.setSize (1000, 648);
+    CHECK (dialog.getBounds() == juce::Rectangle<int> (150, 74, 700, 500));
+    window.setSize (350, 548);
+    CHECK (window.getLocalArea (&dialog.bar(), dialog.bar().getLocalBounds())
+           == juce::Rectangle<int> (0, 399, 350, 12));
+
     dialog.setDialogSize (2 * area.getWidth(), 500); // more than the display has
     CHECK (area.contains (window.getPeer()->getBounds()));
     CHECK (dialog.getWidth() == 2 * area.getWidth());
     window.getPeer()->handleUserClosingWindow();
     CHECK (owner.calls[1] == "Done");
+    checkNothingLeft();
+}
+
+TEST_CASE ("a window whose overlay is deleted by itself goes, too; one that nobody sizes appears by itself")
+{
+    recordingListener owner;
+    auto& dialog = *new testDialog (nullptr, owner, {});
+    const juce::Component::SafePointer<juce::Component> window (dialog.getTopLevelComponent());
+    waitFor ("the window", [&] { return window != nullptr && window->isVisible(); });
+    delete &dialog.overlay();
+    REQUIRE (window != nullptr);
+    CHECK_FALSE (window->isVisible());
+    window->getPeer()->handleUserClosingWindow();
+    drainMessages();
+    CHECK (window == nullptr);
+    CHECK (owner.calls.isEmpty());
     checkNothingLeft();
 }

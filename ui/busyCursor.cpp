@@ -36,8 +36,11 @@ busyCursor::busyCursor()
 
 busyCursor::~busyCursor()
 {
-    if (--depth == 0)
-        juce::MouseCursor::hideWaitCursor();
+    if (--depth > 0)
+        return;
+
+    juce::ComponentPeer::discardPendingInput();
+    juce::MouseCursor::hideWaitCursor();
 }
 
 bool busyCursor::isShown()

@@ -1,12 +1,12 @@
 #include "ui/dialogWindow.h"
-#include "assets.h"
 #include "ui/jpseudomodaldialog.h"
+#include "ui/windowHints.h"
 
 static constexpr int firstSize = 500;
 
 dialogWindow::dialogWindow (jpseudomodaldialog& dialogToShow, const juce::String& title, bool hasShadow)
     : DocumentWindow (title, juce::Colours::white, 0, false),
-      dialog (dialogToShow)
+      dialog (&dialogToShow)
 {
     setWantsKeyboardFocus (false); // the content takes it
     setTitleBarHeight (0);
@@ -16,14 +16,13 @@ dialogWindow::dialogWindow (jpseudomodaldialog& dialogToShow, const juce::String
     const auto* display = juce::Desktop::getInstance().getDisplays().getPrimaryDisplay();
     setBounds (juce::Rectangle<int> (firstSize, firstSize)
                + (display->userArea.getCentre() - juce::Point<int> (firstSize / 2, firstSize / 2)));
+    windowHints::setIcon (*this);
 
-#if JUCE_WINDOWS // where the icon comes with the program file, drawn for each size
+#if JUCE_WINDOWS
     repaints.emplace (*this);
-#else
-    getPeer()->setIcon (juce::ImageCache::getFromMemory (assets::icon256_png, assets::icon256_pngSize));
 #endif
 
-    setVisible (true);
+    triggerAsyncUpdate();
 }
 
 dialogWindow::~dialogWindow()
@@ -31,14 +30,66 @@ dialogWindow::~dialogWindow()
     clearContentComponent();
 }
 
+void dialogWindow::setContentSize (juce::Rectangle<int> size)
+{
+    contentSize = size;
+
+    const auto area = getParentMonitorArea().toFloat();
+    scaleToFit = juce::jmin (1.0f, area.getWidth() / (float) size.getWidth(),
+                             area.getHeight() / (float) size.getHeight());
+    setSize (size.getWidth(), size.getHeight());
+
+    const auto reachable = (area / scaleToFit).toNearestInt();
+    setTopLeftPosition (getBounds().constrainedWithin (reachable).getPosition());
+    handleUpdateNowIfNeeded();
+}
+
+void dialogWindow::handleAsyncUpdate()
+{
+    if (dialog == nullptr)
+    {
+        delete this;
+        return;
+    }
+
+    setVisible (true);
+
+    if (auto* content = getContentComponent(); content != nullptr && content->isShowing())
+        content->grabKeyboardFocus();
+}
+
+void dialogWindow::contentGone()
+{
+    dialog = nullptr;
+    setVisible (false);
+    triggerAsyncUpdate();
+}
+
 float dialogWindow::getDesktopScaleFactor() const
 {
     return scaleToFit * DocumentWindow::getDesktopScaleFactor();
 }
 
+void dialogWindow::resized()
+{
+    auto* content = getContentComponent();
+
+    if (content == nullptr)
+        return;
+
+    const auto fitting = contentSize.isEmpty()
+                             ? 1.0f
+                             : juce::jmin (1.0f, (float) getWidth() / (float) contentSize.getWidth(),
+                                           (float) getHeight() / (float) contentSize.getHeight());
+
+    content->setTransform (juce::AffineTransform::scale (fitting));
+    content->setBounds ((getLocalBounds().toFloat() / fitting).getSmallestIntegerContainer());
+}
+
 void dialogWindow::closeButtonPressed()
 {
-    dialog.requestClose();
+    if (dialog != nullptr)
+        dialog->requestClose();
 }
 
 juce::BorderSize<int> dialogWindow::getBorderThickness()
@@ -46,16 +97,6 @@ juce::BorderSize<int> dialogWindow::getBorderThickness()
     return {};
 }
 
-void dialogWindow::childBoundsChanged (juce::Component* child)
-{
-    if (child->getBounds().isEmpty())
-        return;
-
-    const auto area = getParentMonitorArea().toFloat();
-    scaleToFit = juce::jmin (1.0f, area.getWidth() / (float) child->getWidth(),
-                             area.getHeight() / (float) child->getHeight());
-    DocumentWindow::childBoundsChanged (child);
-
-    const auto reachable = (area / scaleToFit).toNearestInt();
-    setTopLeftPosition (getBounds().constrainedWithin (reachable).getPosition());
-}
+/** The content's size is what the window makes it. */
+void dialogWindow::childBoundsChanged (juce::Component*)
+{}

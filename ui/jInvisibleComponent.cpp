@@ -1,6 +1,7 @@
 #include "ui/jInvisibleComponent.h"
 #include "ui/childrenUnion.h"
 #include "ui/dialogRectTable.h"
+#include "ui/dialogWindow.h"
 #include "ui/imageOperations.h"
 #include "ui/jpseudomodaldialog.h"
 #include "ui/lookAndFeelKlangora.h"
@@ -13,11 +14,11 @@ jInvisibleComponent::jInvisibleComponent (jpseudomodaldialog& dialogToServe, juc
     : dialog (&dialogToServe),
       holder (&holderToCover),
       ownWindow (isInOwnWindow),
-      tintColour (tint)
+      tintColour (tint),
+      focus (*this)
 {
     setWantsKeyboardFocus (true);
     setFocusContainerType (FocusContainerType::keyboardFocusContainer);
-    juce::Desktop::getInstance().addFocusChangeListener (this);
 
     if (! ownWindow)
     {
@@ -29,7 +30,6 @@ jInvisibleComponent::jInvisibleComponent (jpseudomodaldialog& dialogToServe, juc
 jInvisibleComponent::~jInvisibleComponent()
 {
     const auto hadFocus = hasKeyboardFocus (true);
-    juce::Desktop::getInstance().removeFocusChangeListener (this);
     dialogRectTable::remove (*this);
 
     if (holder != nullptr)
@@ -43,6 +43,9 @@ jInvisibleComponent::~jInvisibleComponent()
 
     if (hadFocus && focusedBefore != nullptr && focusedBefore->isShowing())
         focusedBefore->grabKeyboardFocus();
+
+    if (auto* window = dynamic_cast<dialogWindow*> (holder.getComponent()); window != nullptr && ownWindow)
+        window->contentGone();
 }
 
 void jInvisibleComponent::releaseDialog()
@@ -91,14 +94,17 @@ void jInvisibleComponent::compose (float scale)
     juce::Graphics g (composed);
     g.addTransform (juce::AffineTransform::scale (scale));
 
-    if (! shadowed.contains (getLocalBounds())) // else nothing of the shadow would show
+    if (ownWindow && ! shadowed.contains (getLocalBounds())) // a window manager made the window larger
     {
-        juce::Path outline;
-        outline.addRectangle (shadowed);
-        juce::DropShadow (shadowColour, shadowRadius, { 0, shadowDrop }).drawForPath (g, outline);
+        renderBackground (getLocalBounds());
+        g.drawImageAt (background, 0, 0);
     }
 
-    renderBackground();
+    juce::Path outline;
+    outline.addRectangle (shadowed);
+    juce::DropShadow (shadowColour, shadowRadius, { 0, shadowDrop }).drawForPath (g, outline);
+
+    renderBackground (shadowed);
     g.setOpacity (1.0f);
     g.drawImageAt (background, shadowed.getX(), shadowed.getY());
 
@@ -108,9 +114,9 @@ void jInvisibleComponent::compose (float scale)
     g.drawRect (shadowed.expanded (1));
 }
 
-void jInvisibleComponent::renderBackground()
+void jInvisibleComponent::renderBackground (juce::Rectangle<int> area)
 {
-    const auto size = shadowed.withZeroOrigin();
+    const auto size = area.withZeroOrigin();
 
     if (auto* look = dynamic_cast<lookAndFeelKlangora*> (&getLookAndFeel()))
     {
@@ -132,17 +138,37 @@ void jInvisibleComponent::dropPictures()
     repaint();
 }
 
-void jInvisibleComponent::childBoundsChanged (juce::Component*)
+void jInvisibleComponent::childBoundsChanged (juce::Component* child)
 {
     dropPictures();
 
-    if (ownWindow)
-    {
-        const auto area = childrenUnion (*this, true);
+    // The bars have followed by the time that the dialog's own change arrives here: the window changes its size
+    // once. A resize on the way would reach the window manager too, and may be what it holds on to.
+    if (! ownWindow || child != dialog.get())
+        return;
 
-        if (! area.isEmpty())
-            setSize (area.getWidth(), area.getHeight());
+    const auto size = childrenUnion (*this, true).withZeroOrigin();
+
+    if (auto* window = dynamic_cast<dialogWindow*> (holder.getComponent());
+        window != nullptr && ! size.isEmpty() && size != window->getContentSize())
+    {
+        window->setContentSize (size);
+        centreDialog();
     }
+}
+
+void jInvisibleComponent::centreDialog()
+{
+    const auto bars = 2 * jpseudomodaldialog::barHeight;
+    dialog->setTopLeftPosition ((getWidth() - dialog->getWidth()) / 2,
+                                (getHeight() - dialog->getHeight() - bars) / 2
+                                    + jpseudomodaldialog::barHeight);
+}
+
+void jInvisibleComponent::resized()
+{
+    if (ownWindow && dialog != nullptr && ! dialog->getBounds().isEmpty())
+        centreDialog();
 }
 
 void jInvisibleComponent::lookAndFeelChanged()
@@ -174,6 +200,12 @@ void jInvisibleComponent::mouseDown (const juce::MouseEvent&)
     dialog->requestClose();
 }
 
+void jInvisibleComponent::mouseWheelMove (const juce::MouseEvent&, const juce::MouseWheelDetails&)
+{}
+
+void jInvisibleComponent::mouseMagnify (const juce::MouseEvent&, float)
+{}
+
 bool jInvisibleComponent::keyPressed (const juce::KeyPress& key)
 {
     if (! key.isKeyCode (juce::KeyPress::tabKey))
@@ -189,22 +221,10 @@ bool jInvisibleComponent::keyPressed (const juce::KeyPress& key)
     return true;
 }
 
-void jInvisibleComponent::globalFocusChanged (juce::Component* focused)
-{
-    if (isParentOf (focused))
-        lastFocused = focused;
-}
-
 void jInvisibleComponent::focusGained (FocusChangeType cause)
 {
-    if (cause != focusChangedDirectly)
-        return;
-
-    if (lastFocused != nullptr && lastFocused->isShowing() && lastFocused->isEnabled())
-        lastFocused->grabKeyboardFocus();
-    else if (const auto controls = juce::KeyboardFocusTraverser().getAllComponents (dialog.get());
-             ! controls.empty())
-        controls.front()->grabKeyboardFocus();
+    if (cause == focusChangedDirectly && dialog != nullptr)
+        focus.passOn (*dialog);
 }
 
 std::unique_ptr<juce::AccessibilityHandler> jInvisibleComponent::createAccessibilityHandler()

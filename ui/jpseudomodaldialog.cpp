@@ -42,7 +42,7 @@ jpseudomodaldialog::jpseudomodaldialog (juce::Component* holderToUse, genericlis
     if (window == nullptr)
         jpseudomodaldialog::placeDialog();
 
-    if (overlay->isShowing())
+    if (window == nullptr && overlay->isShowing())
         overlay->grabKeyboardFocus();
 }
 
@@ -113,13 +113,6 @@ void jpseudomodaldialog::finishDialog (const juce::String& result, const juce::v
 
     if (stillThere != nullptr)
         deleteFrame();
-
-    // The framework's event loop on Linux goes to sleep without a look at the quit message when the callback that
-    // it came out of has shown a message box. Handling that message here leaves nothing to oversee.
-    auto& messages = *juce::MessageManager::getInstance();
-
-    if (messages.hasStopMessageBeenSent())
-        messages.runDispatchLoopUntil (0);
 }
 
 void jpseudomodaldialog::setDialogSize (int width, int height)
@@ -137,8 +130,8 @@ void jpseudomodaldialog::requestClose()
 {
     juce::PopupMenu::dismissAllActiveMenus(); // an open context menu is no message box
 
-    if (auto* box = juce::ModalComponentManager::getInstance()->getModalComponent (0))
-        box->toFront (true);
+    if (isCurrentlyBlockedByAnotherModalComponent()) // not by its holder, if that is modal
+        getCurrentlyModalComponent()->toFront (true);
     else
         done();
 }

@@ -24,7 +24,12 @@ private:
         lookAndFeelKlangora::drawFocusRing (g, *this, getLocalBounds().toFloat());
     }
 
-    void focusGained (FocusChangeType) override { repaint(); }
+    void focusGained (FocusChangeType) override
+    {
+        wasHeldBefore = isPressingKeyDown();
+        repaint();
+    }
+
     void focusLost (FocusChangeType) override { repaint(); }
 
     bool keyPressed (const juce::KeyPress& key) override
@@ -33,8 +38,22 @@ private:
         if (! key.isKeyCode (juce::KeyPress::returnKey) && ! key.isKeyCode (juce::KeyPress::spaceKey))
             return false;
 
-        bar.press (index);
+        if (! wasHeldBefore)
+            bar.press (index);
+
         return true;
+    }
+
+    bool keyStateChanged (bool) override
+    {
+        wasHeldBefore = wasHeldBefore && isPressingKeyDown();
+        return false;
+    }
+
+    static bool isPressingKeyDown()
+    {
+        return juce::KeyPress::isKeyCurrentlyDown (juce::KeyPress::returnKey)
+               || juce::KeyPress::isKeyCurrentlyDown (juce::KeyPress::spaceKey);
     }
 
     std::unique_ptr<juce::AccessibilityHandler> createAccessibilityHandler() override
@@ -54,6 +73,8 @@ private:
 
     jpseudomodaldialogbuttonbar& bar;
     int index;
+    bool wasHeldBefore =
+        false; // the key that the focus came with repeats itself: it was meant for what had it before
 };
 
 jpseudomodaldialogbuttonbar::jpseudomodaldialogbuttonbar (jpseudomodaldialog& dialogToServe,
