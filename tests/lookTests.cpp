@@ -1,7 +1,7 @@
 #include "app/installationPaths.h"
 #include "tests/support/temporaryInstallation.h"
 #include "ui/lookAndFeelKlangora.h"
-#include "ui/wrapText.h"
+#include "ui/messageBox.h"
 #include <catch2/catch.hpp>
 
 /** A picture file. It is told by its bytes, whatever its name says. */
@@ -102,30 +102,56 @@ TEST_CASE ("a tooltip keeps clear of the mouse, inside its area, and says nothin
     CHECK (area.contains (at (2000, -50)));
 }
 
-TEST_CASE ("a message box fits the screen, shows its buttons, and cuts only with an ellipsis")
+TEST_CASE (
+    "a message box fits the screen and shows its buttons; all of its text can be scrolled to and copied")
 {
     lookAndFeelKlangora::install();
     auto& look = juce::LookAndFeel::getDefaultLookAndFeel();
     const auto screen = juce::Desktop::getInstance().getDisplays().getPrimaryDisplay()->userArea;
+    const juce::KeyPress copy ('c', juce::ModifierKeys::commandModifier, 0), end (juce::KeyPress::endKey);
 
     for (auto& message :
-         { juce::String(), "Downloaded:\n" + juce::String::repeatedString ("Amp module\n", 100),
+         { juce::String ("Short."), "Downloaded:\n" + juce::String::repeatedString ("Amp module\n", 102),
            "Failed:\n/" + juce::String::repeatedString ("NoBlanks/", 35),
-           juce::String::repeatedString ("refused ", 1000) })
+           juce::String::repeatedString ("refused ", 50000) })
     {
-        const std::unique_ptr<juce::AlertWindow> box (look.createAlertWindow (
+        const std::unique_ptr<juce::AlertWindow> made (look.createAlertWindow (
             "Klangora 4", message, "Quit", "Go back", {}, juce::MessageBoxIconType::InfoIcon, 2, nullptr));
-        const auto text = box->getDescription().fromFirstOccurrenceOf (". ", false, false);
-        const auto shortened = message.substring (0, 1999) + juce::String::charToString (0x2026);
-        CHECK (text == (message.length() <= 2000 ? message : shortened));
-        CHECK (screen.contains (box->getBounds()));
+        auto& box = dynamic_cast<messageBox&> (*made);
+        const auto shown = box.getText();
+        CHECK (shown.length() == juce::jmin (message.length(), messageBox::longestText));
+        CHECK (shown.endsWithChar (0x2026) == (message.length() > messageBox::longestText));
+        CHECK (screen.contains (box.getBounds()));
 
-        const auto picture = box->createComponentSnapshot (box->getLocalBounds());
-        const auto buttonTop = box->getChildComponent (0)->getY();
+        box.keyPressed (copy);
+        CHECK (juce::SystemClipboard::getTextFromClipboard() == "Klangora 4\n\n" + shown);
+        box.keyPressed (juce::KeyPress ('a', juce::ModifierKeys::commandModifier, 0));
+        box.keyPressed (copy);
+        CHECK (juce::SystemClipboard::getTextFromClipboard() == shown);
 
-        for (int x = 4; x < box->getWidth() - 4; ++x) // nothing bright between the text and the buttons
-            REQUIRE (picture.getPixelAt (x, buttonTop - 8).getBrightness() < 0.4f);
+        const auto picture = [&] { return encode (box.createComponentSnapshot (box.getLocalBounds())); };
+        const auto atTop = picture();
+        box.keyPressed (end);
+        const auto* text = box.findChildWithID ("message text");
+        CHECK ((atTop == picture()) == (text->getHeight() < screen.getHeight() / 2));
+
+        for (auto* child : box.getChildren())
+            if (dynamic_cast<juce::TextButton*> (child) != nullptr)
+            {
+                CHECK (text->getBottom() < child->getY());
+                CHECK (child->getBottom() < box.getHeight());
+            }
     }
+}
 
-    CHECK (wrapText ("a\n\nb c", juce::Font (15.0f), 10.0f) == juce::StringArray{ "a", "", "b", "c" });
+TEST_CASE ("the lines of a message box are of much the same length")
+{
+    lookAndFeelKlangora::install();
+    const auto question =
+        "This will close your connections with the Dorvik Rigmart store. Do you want to quit?";
+    messageBox box ("Klangora 4", question, { "Quit", "Go back" }, juce::MessageBoxIconType::QuestionIcon,
+                    nullptr);
+    auto& text = *dynamic_cast<juce::TextEditor*> (box.findChildWithID ("message text"));
+    const auto lastLine = text.getTextBounds ({ text.getTotalNumChars() - 2, text.getTotalNumChars() });
+    CHECK (lastLine.getBounds().getRight() > text.getWidth() / 2);
 }

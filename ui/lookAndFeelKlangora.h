@@ -56,7 +56,7 @@ public:
                              juce::DirectoryContentsDisplayComponent&) override;
     juce::Button* createFileBrowserGoUpButton() override;
 
-    /** A message above 2000 characters ends in an ellipsis: the framework would cut it silently a little later. */
+    /** Makes a `messageBox`, over the window that is open. */
     juce::AlertWindow* createAlertWindow (const juce::String& title, const juce::String& message,
                                           const juce::String& button1, const juce::String& button2,
                                           const juce::String& button3, juce::MessageBoxIconType,

@@ -1,84 +1,10 @@
 #include "ui/GlassWindowButton.h"
 #include "ui/lookAndFeelKlangora.h"
-#include "ui/wrapText.h"
+#include "ui/messageBox.h"
 
 namespace
 {
-juce::String ellipsis()
-{
-    return juce::String::charToString (0x2026);
-}
-
-// Message boxes
-constexpr int longestMessage = 2000;
-constexpr int boxMargin = 20, iconSize = 40, iconGap = 16, titleGap = 8, buttonGap = 20, buttonSpacing = 10;
-constexpr int columnGap = 28, lineLength = 520, narrowestBox = 360, narrowestButton = 88;
-
-/** A message's lines, and the columns in which they fill an area. */
-struct messageLayout
-{
-    juce::StringArray lines;
-    int lineHeight = 0, columnWidth = 0, columns = 1, rows = 0;
-
-    int width() const { return columns * columnWidth + (columns - 1) * columnGap; }
-    int height() const { return rows * lineHeight; }
-};
-
-/** Wraps a message. Lines that do not fit the height go on in further columns while there is room for these,
-    as with a list of names; what still does not fit is left out and an ellipsis tells so. */
-messageLayout layOutMessage (const juce::String& message, const juce::Font& font, int width, int height)
-{
-    messageLayout layout;
-    layout.lines = wrapText (message, font, (float) juce::jmin (width, lineLength));
-    layout.lineHeight = juce::roundToInt (1.25f * font.getHeight());
-
-    for (auto& line : layout.lines)
-        layout.columnWidth =
-            juce::jmax (layout.columnWidth, (int) std::ceil (font.getStringWidthFloat (line)));
-
-    const auto mostRows = juce::jmax (1, height / layout.lineHeight);
-    const auto needsColumn = [&] {
-        return layout.lines.size() > mostRows * layout.columns
-               && width >= (layout.columns + 1) * (layout.columnWidth + columnGap) - columnGap;
-    };
-
-    while (needsColumn())
-        ++layout.columns;
-
-    if (const auto capacity = mostRows * layout.columns; layout.lines.size() > capacity)
-    {
-        layout.lines.removeRange (capacity, layout.lines.size());
-        layout.lines.set (capacity - 1, ellipsis());
-    }
-
-    layout.rows = (layout.lines.size() + layout.columns - 1) / layout.columns;
-    return layout;
-}
-
-/** What an alert says below its title. Only its description tells. */
-juce::String messageOf (const juce::AlertWindow& alert)
-{
-    return alert.getDescription().substring (alert.getName().length() + 2);
-}
-
-/** An alert's buttons from left to right, in which order the framework has lined them up. */
-std::vector<juce::TextButton*> buttonsOf (const juce::AlertWindow& alert)
-{
-    std::vector<juce::TextButton*> buttons;
-
-    for (auto* child : alert.getChildren())
-        if (auto* button = dynamic_cast<juce::TextButton*> (child))
-            buttons.push_back (button);
-
-    std::sort (buttons.begin(), buttons.end(), [] (auto* a, auto* b) { return a->getX() < b->getX(); });
-    return buttons;
-}
-
-/** Where an alert's title and message go: right of the icon. */
-int textLeft (const juce::AlertWindow& alert)
-{
-    return boxMargin + (alert.getAlertType() == juce::MessageBoxIconType::NoIcon ? 0 : iconSize + iconGap);
-}
+constexpr int narrowestButton = 88; // of a message box
 
 void drawAlertIcon (juce::Graphics& g, juce::Rectangle<float> area, juce::MessageBoxIconType type,
                     juce::Colour colour)
@@ -142,47 +68,15 @@ lookAndFeelKlangora::createAlertWindow (const juce::String& title, const juce::S
                                         const juce::String& button3, juce::MessageBoxIconType icon,
                                         int numButtons, juce::Component* associatedComponent)
 {
-    const auto shown =
-        message.length() <= longestMessage ? message : message.substring (0, longestMessage - 1) + ellipsis();
-    auto* alert = LookAndFeel_V3::createAlertWindow (title, shown, button1, button2, button3, icon,
-                                                     numButtons, associatedComponent);
+    juce::StringArray labels (button1, button2, button3);
+    labels.removeRange (numButtons, labels.size());
 
-    // The framework has sized the box from its own estimate of the text. Now it fits the text as it is drawn.
-    const auto left = textLeft (*alert);
-    const auto titleFont = getAlertWindowTitleFont();
-    const auto titleHeight = juce::roundToInt (1.25f * titleFont.getHeight()) + titleGap;
-    const auto buttons = buttonsOf (*alert);
-    const auto mostWidth = juce::roundToInt (0.8f * (float) alert->getParentWidth());
-    const auto mostHeight = alert->getParentHeight() - 50;
-    const auto around = 2 * boxMargin + buttonGap + getAlertWindowButtonHeight();
-    const auto layout = layOutMessage (shown, getAlertWindowMessageFont(), mostWidth - left - boxMargin,
-                                       mostHeight - around - titleHeight);
-    auto buttonsWidth = -buttonSpacing;
-
-    for (auto* button : buttons)
-        buttonsWidth += button->getWidth() + buttonSpacing;
-
-    const auto textWidth =
-        juce::jmax (layout.width(), juce::roundToInt (titleFont.getStringWidthFloat (title)) + 1);
-    const auto width = juce::jlimit (narrowestBox, juce::jmax (narrowestBox, mostWidth),
-                                     juce::jmax (left + textWidth, boxMargin + buttonsWidth) + boxMargin);
-    const auto height = around + juce::jmax (titleHeight + layout.height(), iconSize);
-    alert->centreAroundComponent (associatedComponent != nullptr ? associatedComponent : windowBelowBoxes(),
-                                  width, height);
-
-    auto x = width - boxMargin - buttonsWidth;
-
-    for (auto* button : buttons)
-    {
-        button->setTopLeftPosition (x, height - boxMargin - button->getHeight());
-        x += button->getWidth() + buttonSpacing;
-    }
-
-    return alert;
+    return new messageBox (title, message, labels, icon,
+                           associatedComponent != nullptr ? associatedComponent : windowBelowBoxes());
 }
 
 void lookAndFeelKlangora::drawAlertBox (juce::Graphics& g, juce::AlertWindow& alert,
-                                        const juce::Rectangle<int>&, juce::TextLayout&)
+                                        const juce::Rectangle<int>& textArea, juce::TextLayout& textLayout)
 {
     constexpr float veil = 0.7f; // how much of the picture the background colour hides
     const juce::Colour innerFrame (0x33ffffff);
@@ -196,38 +90,18 @@ void lookAndFeelKlangora::drawAlertBox (juce::Graphics& g, juce::AlertWindow& al
     g.setColour (innerFrame);
     g.drawRect (area.reduced (1), 1);
 
-    if (alert.getAlertType() != juce::MessageBoxIconType::NoIcon)
-        drawAlertIcon (g, area.reduced (boxMargin).withSize (iconSize, iconSize).toFloat(),
-                       alert.getAlertType(), findColour (juce::TextEditor::focusedOutlineColourId));
+    const auto* box = dynamic_cast<messageBox*> (&alert);
 
-    auto bottom = area.getBottom() - boxMargin;
+    if (box == nullptr) // one that was not made with createAlertWindow
+        return textLayout.draw (g, textArea.toFloat());
 
-    for (auto* child : alert.getChildren())
-        if (dynamic_cast<juce::Label*> (child)
-            == nullptr) // an unseen label carries the text for screen readers
-            bottom = juce::jmin (bottom, child->getY() - buttonGap);
+    if (box->getAlertType() != juce::MessageBoxIconType::NoIcon)
+        drawAlertIcon (g, box->getIconArea().toFloat(), box->getAlertType(),
+                       findColour (juce::TextEditor::focusedOutlineColourId));
 
-    const auto titleFont = getAlertWindowTitleFont(), messageFont = getAlertWindowMessageFont();
-    auto textArea = area.withTrimmedLeft (textLeft (alert))
-                        .withTrimmedTop (boxMargin)
-                        .withTrimmedRight (boxMargin)
-                        .withBottom (bottom);
-
-    g.setColour (alert.findColour (juce::AlertWindow::textColourId));
-    g.setFont (titleFont);
-    g.drawText (alert.getName(), textArea.removeFromTop (juce::roundToInt (1.25f * titleFont.getHeight())),
-                juce::Justification::centredLeft, true);
-    textArea.removeFromTop (titleGap);
-
-    const auto layout =
-        layOutMessage (messageOf (alert), messageFont, textArea.getWidth(), textArea.getHeight());
-    g.setFont (messageFont);
-
-    for (int i = 0; i < layout.lines.size(); ++i)
-        g.drawSingleLineText (layout.lines[i],
-                              textArea.getX() + i / layout.rows * (layout.columnWidth + columnGap),
-                              textArea.getY() + i % layout.rows * layout.lineHeight
-                                  + juce::roundToInt (messageFont.getAscent()));
+    g.setColour (box->findColour (juce::AlertWindow::textColourId));
+    g.setFont (getAlertWindowTitleFont());
+    g.drawText (box->getName(), box->getTitleArea(), juce::Justification::centredLeft, true);
 }
 
 juce::Array<int> lookAndFeelKlangora::getWidthsForTextButtons (juce::AlertWindow&,

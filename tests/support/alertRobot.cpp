@@ -1,4 +1,5 @@
 #include "tests/support/alertRobot.h"
+#include "ui/messageBox.h"
 #include <catch2/catch.hpp>
 
 alertRobot::alertRobot()
@@ -35,7 +36,7 @@ void alertRobot::timerCallback()
     const auto isQuestion = buttons != juce::StringArray ("Ok");
     const auto choice = isQuestion ? " [" + buttons.joinIntoString ("|") + "]" : juce::String();
     CHECK (open->getName() == "Klangora 4");
-    shown.add (open->getDescription().fromFirstOccurrenceOf (". ", false, false) + choice);
+    shown.add (dynamic_cast<messageBox&> (*open).getText() + choice);
     juce::NullCheckedInvocation::invoke (whileOpen);
 
     if (answered == nullptr)
