@@ -37,7 +37,7 @@ void dialogFocus::passOn (juce::Component& dialog)
     juce::KeyboardFocusTraverser traverser;
     auto controls = traverser.getAllComponents (&dialog);
 
-    // Not while a page fades: a key that was meant for it would press one of the strips' buttons.
+    // Not while a page fades: a key that was meant for it would press the bar's button.
     if (controls.empty() && chosen != nullptr && chosen->isShowing())
         controls = traverser.getAllComponents (&overlay);
 

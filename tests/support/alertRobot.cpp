@@ -18,6 +18,14 @@ alertRobot& alertRobot::answer (const juce::String& button)
     return *this;
 }
 
+/** Without the program's look and feel a box is the framework's, which keeps the text in its description. */
+static juce::String textOf (const juce::AlertWindow& box)
+{
+    const auto* ours = dynamic_cast<const messageBox*> (&box);
+    return ours != nullptr ? ours->getText()
+                           : box.getDescription().fromFirstOccurrenceOf (". ", false, false);
+}
+
 void alertRobot::timerCallback()
 {
     auto* open =
@@ -36,7 +44,7 @@ void alertRobot::timerCallback()
     const auto isQuestion = buttons != juce::StringArray ("Ok");
     const auto choice = isQuestion ? " [" + buttons.joinIntoString ("|") + "]" : juce::String();
     CHECK (open->getName() == "Klangora 4");
-    shown.add (dynamic_cast<messageBox&> (*open).getText() + choice);
+    shown.add (textOf (*open) + choice);
     juce::NullCheckedInvocation::invoke (whileOpen);
 
     if (answered == nullptr)
