@@ -1,15 +1,35 @@
 #include "tests/support/waiting.h"
+#include "ui/busyCursor.h"
 #include <catch2/catch.hpp>
 #include <juce_gui_basics/juce_gui_basics.h>
 
-/** Counts the keys that reach it, in a window of its own. */
-struct keyCounter : juce::Component
+#if JUCE_WINDOWS
+    #include <windows.h>
+
+/** Return, and a click where the mouse is, as from the hardware. */
+static void pressReturnAndClick()
 {
-    keyCounter()
+    for (DWORD flags : { 0, KEYEVENTF_KEYUP })
+        keybd_event (VK_RETURN, 0, flags, 0);
+
+    for (DWORD flags : { MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP })
+        mouse_event (flags, 0, 0, 0, 0);
+}
+#else
+static void pressReturnAndClick()
+{
+    REQUIRE (std::system ("xdotool key Return click 1") == 0);
+}
+#endif
+
+/** Counts what reaches it of keyboard and mouse, in a window of its own. */
+struct inputCounter : juce::Component
+{
+    inputCounter()
     {
         setWantsKeyboardFocus (true);
         setBounds (50, 50, 100, 100);
-        addToDesktop (0);
+        addToDesktop (juce::ComponentPeer::windowIsTemporary); // a window manager would pass clicks on later
         setVisible (true);
         waitFor ("the keyboard focus", [this] {
             grabKeyboardFocus();
@@ -18,9 +38,10 @@ struct keyCounter : juce::Component
     }
 
     bool keyPressed (const juce::KeyPress&) override { return ++keys > 0; }
+    void mouseDown (const juce::MouseEvent&) override { ++clicks; }
     void mouseMove (const juce::MouseEvent&) override { ++moves; }
 
-    int keys = 0, moves = 0;
+    int keys = 0, clicks = 0, moves = 0;
 };
 
 TEST_CASE ("a message loop that ran inside a callback does not put the outer one to sleep")
@@ -39,10 +60,34 @@ TEST_CASE ("a message loop that ran inside a callback does not put the outer one
     CHECK (juce::Time::getMillisecondCounter() - start < 1500);
 }
 
+TEST_CASE ("keys and clicks of the time in which the program is busy are dropped, later ones are not")
+{
+    inputCounter window;
+    juce::Desktop::setMousePosition (window.getScreenBounds().getCentre());
+    drainMessages();
+
+    for (int round = 1; round <= 3; ++round)
+    {
+        {
+            const busyCursor busy;
+            pressReturnAndClick();
+            pressReturnAndClick();
+        }
+
+        pressReturnAndClick();
+        waitFor ("the last key and click", [&] { return window.keys >= round && window.clicks >= round; });
+        CHECK (window.keys == round);
+        CHECK (window.clicks == round);
+    }
+
+    CHECK_FALSE (juce::KeyPress::isKeyCurrentlyDown (juce::KeyPress::returnKey));
+    CHECK_FALSE (juce::ModifierKeys::currentModifiers.isAnyMouseButtonDown());
+}
+
 #if JUCE_LINUX
 TEST_CASE ("events that arrived with the answer to a question are handled without waiting for another")
 {
-    keyCounter window;
+    inputCounter window;
     drainMessages();
 
     for (int round = 1; round <= 5; ++round)
