@@ -72,8 +72,13 @@ foreach (module IN LISTS framework_modules)
 endforeach()
 
 if (WIN32)
+  include (delayedLibraries)
+  foreach (library wininet version winmm dxgi)    # not on Windows' list of known libraries
+    make_delayed_library (${library})
+  endforeach()
+
   target_link_libraries (frameworkCore PUBLIC ZLIB::ZLIB
-    uuid wsock32 wininet version ole32 ws2_32 oleaut32 shlwapi rpcrt4 winmm)
+    ${delayed_wininet} ${delayed_version} ${delayed_winmm} uuid ole32 ws2_32 oleaut32 shlwapi rpcrt4)
 else()
   find_package (CURL REQUIRED)
   find_package (Threads REQUIRED)
@@ -95,7 +100,7 @@ add_framework_library (framework ${window_modules})
 target_link_libraries (framework PUBLIC frameworkCore PNG::PNG JPEG::JPEG)
 
 if (WIN32)
-  target_link_libraries (framework PUBLIC imm32 comdlg32 dxgi)
+  target_link_libraries (framework PUBLIC imm32 comdlg32 ${delayed_dxgi})
 else()
   find_package (Freetype REQUIRED)
   target_link_libraries (framework PUBLIC Freetype::Freetype)

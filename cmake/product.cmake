@@ -1,13 +1,5 @@
 # The product is a library; the program only starts it.
 
-# One source for what the program says of itself: the code, the Windows resources and the packages
-# all take these.
-set (PROGRAM_NAME "Dorvik Rigmart")
-set (PROGRAM_VERSION ${PROJECT_VERSION})
-set (PROGRAM_BUILD_DATE "15.04.06")      # YY.MM.DD
-set (PROGRAM_RELEASE_DATE "Mon, 06 Apr 2015 12:00:00 +0000")    # the same day, as package changelogs write it
-set (PROGRAM_PRODUCT "Klangora 4")       # what the store's content is for
-
 configure_file (${CMAKE_SOURCE_DIR}/cmake/programVersion.h.in ${CMAKE_BINARY_DIR}/generated/app/programVersion.h)
 
 # The core knows no window: whatever of base/, net/ and content/ is no page. It shows its messages through
@@ -33,7 +25,7 @@ endif()
 
 file (GLOB product_sources CONFIGURE_DEPENDS
       ${CMAKE_SOURCE_DIR}/app/*.cpp ${CMAKE_SOURCE_DIR}/store/*.cpp ${CMAKE_SOURCE_DIR}/ui/*.cpp)
-list (REMOVE_ITEM product_sources ${CMAKE_SOURCE_DIR}/app/main.cpp)
+list (REMOVE_ITEM product_sources ${CMAKE_SOURCE_DIR}/app/main.cpp ${CMAKE_SOURCE_DIR}/app/librarySearch.cpp)
 
 add_library (rigmart STATIC ${product_sources} ${pages})
 strict_warnings (rigmart)
@@ -54,5 +46,5 @@ if (WIN32)
   set (resources ${CMAKE_BINARY_DIR}/generated/DorvikRigmart.rc)
   configure_file (${CMAKE_SOURCE_DIR}/cmake/windows/DorvikRigmart.rc.in ${resources} @ONLY)
   set_source_files_properties (${resources} PROPERTIES OBJECT_DEPENDS "${icon};${manifest}")
-  target_sources (DorvikRigmart PRIVATE ${resources})
+  target_sources (DorvikRigmart PRIVATE ${resources} app/librarySearch.cpp)
 endif()

@@ -8,14 +8,17 @@ endif()
 
 option (SANITIZE "Address and undefined-behaviour sanitizers" OFF)
 option (FUZZ "Fuzzers; wants clang" OFF)
+option (PROGRAM_ONLY "The program and its packages; no tests, benchmarks or tools, nor what they need" OFF)
 
-# Compiled once is enough, in whichever checkout. The settings let ccache work with precompiled headers.
+# The time that is compiled in (__TIME__) is the release's. Compiled once is enough, in whichever checkout; the
+# settings let ccache work with precompiled headers.
+set (CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env SOURCE_DATE_EPOCH=${PROGRAM_RELEASE_EPOCH})
 find_program (CCACHE_PROGRAM ccache)
 if (CCACHE_PROGRAM)
-  set (CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1
-       CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${CCACHE_PROGRAM})
-  set (CMAKE_C_COMPILER_LAUNCHER ${CMAKE_CXX_COMPILER_LAUNCHER})
+  list (APPEND CMAKE_CXX_COMPILER_LAUNCHER CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1
+        CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${CCACHE_PROGRAM})
 endif()
+set (CMAKE_C_COMPILER_LAUNCHER ${CMAKE_CXX_COMPILER_LAUNCHER})
 
 set (CMAKE_CXX_STANDARD 17)
 set (CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -36,8 +39,27 @@ if (FUZZ)
   add_compile_options (-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
 endif()
 
-# No path of the machine that built it in any file.
-add_compile_options (-ffile-prefix-map=${CMAKE_SOURCE_DIR}/=)
+# No path of the machine that built it in any file, and the same bytes from whichever folder. The last one that fits
+# counts; the relative one is how ccache calls the sources.
+add_compile_options (-ffile-prefix-map=../../= -ffile-prefix-map=${CMAKE_SOURCE_DIR}/=
+                     -ffile-prefix-map=${CMAKE_BINARY_DIR}=. -ffile-prefix-map=${CMAKE_BINARY_DIR}/=)
+
+# What makes a fault in memory end the program rather than take it over. scripts/check-hardening.sh looks for it in
+# what is shipped. The sanitizers find more by themselves.
+if (NOT SANITIZE AND NOT FUZZ)
+  add_compile_options (-fstack-protector-strong $<$<CONFIG:Release>:-D_FORTIFY_SOURCE=2>)
+
+  if (WIN32)
+    add_link_options (-fstack-protector-strong LINKER:--dynamicbase,--high-entropy-va,--nxcompat)
+  else()
+    add_compile_options (-fPIE -fstack-clash-protection -fcf-protection)
+    add_link_options (-pie LINKER:-z,relro,-z,now,-z,noexecstack)
+  endif()
+endif()
+
+if (WIN32)    # the linker would write the time of day into the file
+  add_link_options (LINKER:--no-insert-timestamp)
+endif()
 
 # The framework's headers take seconds to read. The fuzzers go without, which shows that each file includes what
 # it needs.
@@ -53,7 +75,8 @@ function (keep_symbols_apart target)
   if (CMAKE_BUILD_TYPE STREQUAL "Release")
     add_custom_command (TARGET ${target} POST_BUILD VERBATIM
       COMMAND ${CMAKE_OBJCOPY} --only-keep-debug $<TARGET_FILE:${target}> $<TARGET_FILE:${target}>.debug
-      COMMAND ${CMAKE_OBJCOPY} --strip-all --add-gnu-debuglink=$<TARGET_FILE:${target}>.debug $<TARGET_FILE:${target}>)
+      COMMAND ${CMAKE_COMMAND} -E env SOURCE_DATE_EPOCH=${PROGRAM_RELEASE_EPOCH}
+              ${CMAKE_OBJCOPY} --strip-all --add-gnu-debuglink=$<TARGET_FILE:${target}>.debug $<TARGET_FILE:${target}>)
   endif()
 endfunction()
 

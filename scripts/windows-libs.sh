@@ -37,15 +37,20 @@ cp "$mingw/lib/libz.a" "$work/install/lib"
 
 # ---- PNG and JPEG
 
+# As cmake/settings.cmake has it for everything else; and a build date that is the same every day.
+flags="-fstack-protector-strong -D_FORTIFY_SOURCE=2 -ffile-prefix-map=$work/="
+export SOURCE_DATE_EPOCH=0
+
 build_library ()
 {
   local name=$1 source=$2
   shift 2
   cmake -S "$source" -B "$work/build/$name" -G Ninja \
-    -DCMAKE_TOOLCHAIN_FILE="$toolchain" -DCMAKE_BUILD_TYPE=Release \
+    -DCMAKE_TOOLCHAIN_FILE="$toolchain" -DCMAKE_BUILD_TYPE=Release -DCMAKE_C_FLAGS="$flags" \
     -DCMAKE_INSTALL_PREFIX="$work/install" "$@"
   cmake --build "$work/build/$name"
   cmake --install "$work/build/$name"
+  install -D -m 644 "$source/debian/copyright" "$work/install/share/doc/$(basename "${source%-*}")/copyright"
 }
 
 build_library png libpng1.6-*/ -DPNG_SHARED=OFF -DPNG_TESTS=OFF \
