@@ -21,7 +21,7 @@ groups=(build sandbox test)
 for argument in "$@"; do
   case $argument in
     --tour) tour=yes ;;
-    --windows) platform=windows; groups+=(windows) ;;
+    --windows) platform=windows; groups+=(windows wine) ;;
     -h | --help) usage; exit 0 ;;
     *) usage >&2; exit 2 ;;
   esac

@@ -15,10 +15,13 @@ group_packages ()
     # The posix flavour of the compiler is the one that has std::mutex.
     windows)
       echo g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64 libz-mingw-w64-dev \
-        cmake nasm dpkg-dev wine wine64 ;;
+        cmake nasm dpkg-dev ;;
+    wine) echo wine wine64 ;;
     tools) echo clang-tidy clang-format cppcheck shellcheck ;;
     fuzz) echo clang libclang-rt-14-dev ;;
-    package) echo dpkg-dev file gzip zip ;;
+    package) echo dpkg-dev file gzip xz-utils ;;
+    package-windows) echo nsis osslsigncode ;;
+    package-check) echo appstream desktop-file-utils lintian man-db mmdebstrap openssl unzip jq ;;
     artwork) echo librsvg2-bin imagemagick ;;
     sandbox) echo libcli11-dev libcpp-httplib-dev libssl-dev ;;
     bench) echo libbenchmark-dev libssl-dev libzip-dev libphysfs-dev libpugixml-dev curl ;;

@@ -1,15 +1,16 @@
 #!/usr/bin/env bash
-# Makes the Wine prefix of this checkout, build/wine-prefix, unless it is there. Needs a display: a prefix
-# made without one believes for ever that there is no screen, and window programs crash in it.
+# Makes the Wine prefix of this checkout, build/wine-prefix, unless it is there; or the one that the variable
+# RIGMART_WINE_PREFIX names. Needs a display: a prefix made without one believes for ever that there is no screen,
+# and window programs crash in it.
 set -euo pipefail
 
 build=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)/build
-export WINEPREFIX=$build/wine-prefix
+export WINEPREFIX=${RIGMART_WINE_PREFIX:-$build/wine-prefix}
 export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe="
 
 # Of two runs at once, the second waits for the first one's prefix.
 mkdir -p "$build"
-exec 9>"$build/wine-prefix.lock"
+exec 9>"$WINEPREFIX.lock"
 flock 9
 if [[ -f $WINEPREFIX/made ]]; then
   exit 0
@@ -25,7 +26,7 @@ rm -rf "$WINEPREFIX"
 
 # Wine's server outlives these commands, so it must not inherit the lock. The prefix is on disk once the
 # server has ended.
-log=$build/wine-prefix.log
+log=$WINEPREFIX.log
 if ! { timeout 180 wineboot --init && timeout 180 wineserver --wait; } >"$log" 2>&1 9>&- ||
   [[ ! -f $WINEPREFIX/system.reg ]]; then
   cat "$log" >&2

@@ -1,11 +1,12 @@
 #!/usr/bin/env bash
 # Usage: wine-run.sh PROGRAM ARGS...
-# Runs a Windows program in this checkout's Wine prefix and ends with its exit code. PROGRAM may also be
-# one of Wine's own, such as "reg". Whatever signal ends this script kills the program, without a word to it.
+# Runs a Windows program in this checkout's Wine prefix, or the one that the variable RIGMART_WINE_PREFIX names,
+# and ends with its exit code. PROGRAM may also be one of Wine's own, such as "reg". Whatever signal ends this
+# script kills the program, without a word to it.
 set -euo pipefail
 
 build=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)/build
-export WINEPREFIX=$build/wine-prefix
+export WINEPREFIX=${RIGMART_WINE_PREFIX:-$build/wine-prefix}
 
 # Started without a prefix, Wine would make one here and now, perhaps without a display (see wine-prefix.sh).
 if [[ ! -f $WINEPREFIX/made ]]; then
