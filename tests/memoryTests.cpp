@@ -87,10 +87,9 @@ TEST_CASE ("no size in a file makes the program ask for more memory than there i
     CHECK (survivesWithLittleMemory ([&] {
         installation.write ("rememberme.txt", "2147483647.AAAA\n999999999.AAAA\n");
         rememberedLogin (installation.folder.getFullPathName()).load();
-        juce::MemoryInputStream source (archive.getFullPathName().toRawUTF8(), 5, false);
         receiveBuffer body (size_t{ 1 } << 31);
 
-        if (body.readFrom (source, 5) != 0)
+        if (body.makeSpace().size != 0)
             _exit (1);
     }));
 }
