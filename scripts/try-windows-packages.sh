@@ -137,15 +137,18 @@ expect "The silent uninstaller did not refuse." \
   test 2 == "$(exit_code wine_run "$folder/Uninstall.exe" /S "_?=$short_folder")"    # in place, so that it has ended
 expect "Something was changed while the program ran." diff -r --exclude=Uninstall.exe "$unpacked" "$folder"
 
-setup_windows () { xdotool search --onlyvisible --name "^$name Setup\$" 2>/dev/null | wc -l; }
-has_windows () { [[ $(setup_windows) == "$1" ]]; }
+# The wizard and its message box have the same title; the box is the newer one.
+front_window () { xdotool getactivewindow 2>/dev/null; }
+setup_is_in_front () { [[ $(xdotool getactivewindow getwindowname 2>/dev/null) == "$name Setup"* ]]; }
+box_is_in_front () { setup_is_in_front && [[ $(front_window) != "$wizard" ]]; }
 wine_run "$installer" &
 setup=$!
-wait_until "the installer's window" has_windows 1
-wait_until "its first page" is_still "$(window_titled "$name Setup ")"
+wait_until "the installer's window" setup_is_in_front
+wizard=$(front_window)
+wait_until "its first page" is_still "$wizard"
 press Return
-wait_until "the box that says that the program runs" has_windows 2
-wait_until "the box, painted" is_still "$(window_titled "$name Setup")"
+wait_until "the box that says that the program runs" box_is_in_front
+wait_until "the box, painted" is_still "$(front_window)"
 take_picture "$work/it-runs.png"
 press Escape
 expect "The installer did not end with 2 when cancelled." test 2 == "$(exit_code wait "$setup")"
