@@ -8,8 +8,6 @@
 static constexpr juce::uint32 leftCounter = 5172093, rightCounter = 41927506;
 static constexpr juce::int64 maximumSize = 1 << 20; // of the file, bytes
 
-static const auto byteOrderMark = juce::String::charToString (0xfeff);
-
 static juce::File fileIn (const juce::String& installationFolder)
 {
     if (! juce::File::isAbsolutePath (installationFolder))
@@ -30,8 +28,8 @@ std::optional<rememberedLogin::login> rememberedLogin::load() const
         return {};
 
     const auto bytes = readAtMost (stream, (size_t) maximumSize);
-    const auto text = validText (bytes.getData(), bytes.getSize());
-    auto lines = juce::StringArray::fromLines (text.trimCharactersAtStart (byteOrderMark));
+    const auto decoded = decodedText (bytes.getData(), bytes.getSize());
+    auto lines = juce::StringArray::fromLines (validText (decoded.data(), decoded.size()));
     lines.removeEmptyStrings (true);
 
     if (lines.size() != 2)
