@@ -32,9 +32,13 @@ if [[ $1 != --inside ]]; then
 fi
 
 root=$2
-inside () { chroot "$root" env --ignore-environment PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root DISPLAY="$DISPLAY" "$@"; }
+inside ()
+{
+  chroot "$root" env --unset=XDG_CONFIG_HOME PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root LC_ALL=C.UTF-8 \
+    DEBIAN_FRONTEND=noninteractive "$@"
+}
 
-inside apt-get -qq install --yes --no-install-recommends /tmp/dorvik-rigmart_*.deb >/dev/null
+inside sh -c 'apt-get -qq install --yes --no-install-recommends /tmp/dorvik-rigmart_*.deb' >/dev/null
 files=$(inside dpkg --listfiles dorvik-rigmart)
 
 # What the manual page shows for /opt/klangora, blanks and all.

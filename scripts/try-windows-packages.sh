@@ -151,7 +151,9 @@ wait_until "the box that says that the program runs" box_is_in_front
 wait_until "the box, painted" is_still "$(front_window)"
 take_picture "$work/it-runs.png"
 press Escape
-expect "The installer did not end with 2 when cancelled." test 2 == "$(exit_code wait "$setup")"
+code=0
+wait "$setup" || code=$?
+expect "The installer did not end with 2 when cancelled." test "$code" == 2
 quit_program
 
 # ---- upgrade, and removal
