@@ -51,6 +51,7 @@ ends ()
 {
   local code=0 said
   said=$("${@:3}" 2>&1) || code=$?
+  said=$(grep -vE '^(JUCE v|Another instance is running)' <<<"$said") || true    # of a debug build's framework
   ((code == $1)) && [[ $said == "$2"* && (-n $2 || -z $said) ]] && return
   echo "${*:3}: exit code $code, and \"$said\"" >&2
   exit 1
