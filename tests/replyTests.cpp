@@ -9,6 +9,12 @@
 #include <catch2/catch.hpp>
 #include <map>
 
+#if JUCE_WINDOWS
+static constexpr bool isWindows = true;
+#else
+static constexpr bool isWindows = false;
+#endif
+
 /** The bytes that a line of a file stands for (see tests/replies/README.md). */
 static std::string expanded (const std::string& line)
 {
@@ -28,6 +34,7 @@ static std::string expanded (const std::string& line)
         else if (line.compare (i, 2, "@{") == 0)
         {
             const auto star = line.find ('*', i), end = line.find ('}', i);
+            REQUIRE ((star != std::string::npos && end != std::string::npos));
             const auto unit = expanded (line.substr (star + 1, end - star - 1));
 
             for (auto left = std::stoi (line.substr (i + 2)); left > 0; --left)
@@ -54,8 +61,7 @@ static juce::String outcomeIn (const juce::File& file, const juce::String& reque
         if (line == "---")
             break;
 
-        if (line.startsWith (request + ": ")
-            || (JUCE_WINDOWS && line.startsWith ("Windows " + request + ": ")))
+        if (line.startsWith (request + ": ") || (isWindows && line.startsWith ("Windows " + request + ": ")))
             outcome = line.fromFirstOccurrenceOf (": ", false, false);
     }
 
@@ -67,19 +73,30 @@ struct playedReply
 {
     explicit playedReply (const juce::File& file)
     {
-        auto lines = juce::StringArray::fromLines (file.loadFileAsString());
-        auto* current = &server;
+        auto* player = &server;
+        juce::String bytes;
+        const auto play = [&] {
+            player->reply (expanded (bytes.replace ("@{here}", server.origin())
+                                         .replace ("@{other}", stranger.origin())
+                                         .toStdString()));
+        };
+        const auto lines = juce::StringArray::fromLines (file.loadFileAsString());
+        const auto first = lines.indexOf ("---");
 
-        for (int i = lines.indexOf ("---"); i < lines.size(); ++i)
+        for (int i = first + 1; i < lines.size(); ++i)
         {
-            if (lines[i].startsWith ("---"))
-                current = &(lines[i] == "---" ? server : stranger).reply();
-            else
-                current->send (expanded (lines[i]
-                                             .replace ("@{here}", server.origin())
-                                             .replace ("@{other}", stranger.origin())
-                                             .toStdString()));
+            if (! lines[i].startsWith ("---"))
+            {
+                bytes += lines[i];
+                continue;
+            }
+
+            play();
+            player = lines[i] == "---" ? &server : &stranger;
+            bytes.clear();
         }
+
+        play();
     }
 
     ~playedReply()
