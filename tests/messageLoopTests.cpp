@@ -9,10 +9,10 @@
 /** Return, and a click where the mouse is, as from the hardware. */
 static void pressReturnAndClick()
 {
-    for (DWORD flags : { 0, KEYEVENTF_KEYUP })
+    for (auto flags : { DWORD{ 0 }, DWORD{ KEYEVENTF_KEYUP } })
         keybd_event (VK_RETURN, 0, flags, 0);
 
-    for (DWORD flags : { MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP })
+    for (auto flags : { DWORD{ MOUSEEVENTF_LEFTDOWN }, DWORD{ MOUSEEVENTF_LEFTUP } })
         mouse_event (flags, 0, 0, 0, 0);
 }
 #else
