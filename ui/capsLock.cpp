@@ -3,7 +3,7 @@
 
 #if JUCE_WINDOWS
 
-// clang-format off
+    // clang-format off
 #include <windows.h>
 // clang-format on
 
