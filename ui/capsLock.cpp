@@ -3,9 +3,7 @@
 
 #if JUCE_WINDOWS
 
-    // clang-format off
-#include <windows.h>
-// clang-format on
+    #include <windows.h>
 
 bool isCapsLockOn()
 {
