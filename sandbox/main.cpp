@@ -90,6 +90,7 @@ static int serve (sandboxStore& store)
     return EXIT_SUCCESS;
 }
 
+// NOLINTNEXTLINE(bugprone-exception-escape): a wrong description of the options is a fault of this file
 int main (int argc, char* argv[])
 {
     CLI::App line ("A store for trying and testing the client against, on this machine.\n"
