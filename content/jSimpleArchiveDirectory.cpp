@@ -107,14 +107,14 @@ juce::File jSimpleArchiveDirectory::findFile (const juce::String& name) const
     if (parts.isEmpty() || ! isValid() || ! std::all_of (parts.begin(), parts.end(), isPlainName))
         return {};
 
-    const auto file = juce::File (folder.getFullPathName() + "/" + parts.joinIntoString ("/"));
+    auto file = juce::File (folder.getFullPathName() + "/" + parts.joinIntoString ("/"));
 
     if (isOrdinaryFile (file))
         return file;
 
 #if ! JUCE_WINDOWS
     // Elsewhere a backslash may also be part of a name, which is listed as it is.
-    if (const auto child = juce::File (folder.getFullPathName() + "/" + name);
+    if (auto child = juce::File (folder.getFullPathName() + "/" + name);
         name.containsChar ('\\') && ! name.containsChar ('/') && isOrdinaryFile (child))
         return child;
 #endif

@@ -4,7 +4,7 @@
 constexpr int maximumSide = 8192;
 
 /** What decoding takes for each pixel: the decoder's rows, the picture, and what it may be converted to. */
-constexpr size_t bytesPerPixel = 3 * 4;
+constexpr size_t bytesPerPixel = size_t{ 3 } * 4;
 
 /** What a file announces; 0 x 0 when it is none of ours. */
 struct pictureSize
