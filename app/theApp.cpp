@@ -30,7 +30,7 @@ bool theApp::initialiseApp()
 #endif
 
     if (isNamed && juce::Desktop::getInstance().getDisplays().getPrimaryDisplay() != nullptr)
-        return JUCEApplicationBase::initialiseApp(); // NOLINT(bugprone-parent-virtual-call): ours is private there
+        return JUCEApplicationBase::initialiseApp(); // NOLINT(bugprone-parent-virtual-call): private there
 
     std::cerr << PROGRAM_NAME << ": there is no display, or it cannot be reached." << std::endl;
     setApplicationReturnValue (1);
