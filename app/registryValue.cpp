@@ -10,8 +10,8 @@ juce::String getRegistryValue (const juce::String& valuePath)
 
 #else
 
-/** The user's folder for settings, as the XDG base directory specification finds it: a variable that is unset
-    or not an absolute path stands for ~/.config. */
+/** The user's folder for settings, as desktop programs agree to find it (XDG base directories): a variable
+    that is unset or not an absolute path stands for ~/.config. */
 static juce::File settingsFolder()
 {
     const auto configured = juce::SystemStats::getEnvironmentVariable ("XDG_CONFIG_HOME", {});
