@@ -32,7 +32,7 @@ strict_warnings (rigmart)
 target_link_libraries (rigmart PUBLIC rigmartCore framework PRIVATE assets)
 precompile_headers (rigmart <juce_gui_basics/juce_gui_basics.h>)
 set_source_files_properties (${CMAKE_SOURCE_DIR}/ui/windowHints.cpp PROPERTIES
-                             SKIP_PRECOMPILE_HEADERS ON)    # it asks the framework for the X headers, too
+                             SKIP_PRECOMPILE_HEADERS ON SKIP_UNITY_BUILD_INCLUSION ON)    # it wants the X headers, too
 
 add_executable (DorvikRigmart WIN32 app/main.cpp)
 strict_warnings (DorvikRigmart)

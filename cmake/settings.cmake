@@ -8,6 +8,7 @@ endif()
 
 option (SANITIZE "Address and undefined-behaviour sanitizers" OFF)
 option (FUZZ "Fuzzers; wants clang" OFF)
+option (LINT "To be read by static analysis, not to be built" OFF)
 option (PROGRAM_ONLY "The program and its packages; no tests, benchmarks or tools, nor what they need" OFF)
 
 # The time that is compiled in (__TIME__) is the release's. Compiled once is enough, in whichever checkout; the
@@ -62,9 +63,9 @@ if (WIN32)    # the linker would write the time of day into the file
 endif()
 
 # The framework's headers take seconds to read. The fuzzers go without, which shows that each file includes what
-# it needs.
+# it needs; clang, which lints, cannot read those of GCC.
 function (precompile_headers target)
-  if (NOT FUZZ)
+  if (NOT FUZZ AND NOT LINT)
     target_compile_options (${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
     target_precompile_headers (${target} PRIVATE ${ARGN})
   endif()

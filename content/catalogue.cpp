@@ -5,17 +5,24 @@ void readCatalogue (const juce::XmlElement& reply, const juce::String& installat
 {
     const DownloadItem defaults;
     const auto folder = installationFolder + "/";
-    items.ensureStorageAllocated (items.size() + reply.getNumChildElements());
 
     for (auto* element : reply.getChildIterator())
     {
         // hasTagName ignores case, and asserts when it had to.
-        if (element->getTagName() != "downloadable" || ! element->hasAttribute ("url")
-            || ! element->hasAttribute ("target") || ! element->hasAttribute ("name"))
+        if (element->getTagName() != "downloadable")
             continue;
 
-        items.add ({ element->getStringAttribute ("url"), folder + element->getStringAttribute ("target"),
-                     element->getStringAttribute ("name"),
+        const auto& url = element->getStringAttribute ("url");
+        const auto& target = element->getStringAttribute ("target");
+        const auto& name = element->getStringAttribute ("name");
+
+        // A value that is there is as good as an attribute that is: each look-up goes through all of them.
+        if ((url.isEmpty() && ! element->hasAttribute ("url"))
+            || (target.isEmpty() && ! element->hasAttribute ("target"))
+            || (name.isEmpty() && ! element->hasAttribute ("name")))
+            continue;
+
+        items.add ({ url, folder + target, name,
                      element->getIntAttribute ("buildnumber", defaults.buildnumber),
                      element->getStringAttribute ("builddaterequirement", defaults.builddaterequirement) });
     }

@@ -45,10 +45,10 @@ int itemDownload::percent() const
     return (int) juce::jmin ((juce::int64) 100, received.getSize() * 100 / expected);
 }
 
-bool itemDownload::save (const juce::File& target) const
+bool itemDownload::save (const juce::File& target)
 {
     safeFileWriter writer (target);
-    return received.writeTo (writer) && writer.commit();
+    return received.moveTo (writer) && writer.commit();
 }
 
 //==============================================================================

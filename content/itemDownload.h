@@ -25,8 +25,8 @@ public:
     /** Bytes that have arrived. */
     juce::int64 receivedSize() const { return received.getSize(); }
 
-    /** Writes what has arrived, wholly or not at all. */
-    bool save (const juce::File& target) const;
+    /** Writes what has arrived, wholly or not at all. Once: the bytes are gone then. */
+    bool save (const juce::File& target);
 
 private:
     std::unique_ptr<juce::WebInputStream> body; // null once no more comes

@@ -24,18 +24,17 @@ void receiveBuffer::add (int count)
     size += count;
 }
 
-bool receiveBuffer::writeTo (safeFileWriter& writer) const
+bool receiveBuffer::moveTo (safeFileWriter& writer)
 {
-    auto left = (size_t) size;
-
     for (auto& chunk : chunks)
     {
-        const auto count = juce::jmin (left, chunkSize);
+        const auto count = juce::jmin ((size_t) size, chunkSize);
 
         if (! writer.write (chunk, count))
             return false;
 
-        left -= count;
+        size -= (juce::int64) count;
+        chunk.free();
     }
 
     return true;

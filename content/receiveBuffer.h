@@ -30,8 +30,9 @@ public:
 
     juce::int64 getSize() const { return size; }
 
-    /** Writes all of it. */
-    bool writeTo (safeFileWriter& writer) const;
+    /** Writes all of it. What is written gives its memory back at once: the system needs as much for the file, and
+        what is warm already. Nothing can be added afterwards. */
+    bool moveTo (safeFileWriter& writer);
 
 private:
     const size_t chunkSize;

@@ -211,8 +211,14 @@ void store_downloads::openDownload()
     };
 
     auto opened = [&] {
-        const busyCursor busy;
-        return openItem (request, item.name);
+        busyCursor busy;
+        auto result = openItem (request, item.name);
+
+        // Else many small items in a row would hardly leave a moment in which the window can be quit.
+        if (std::holds_alternative<std::unique_ptr<itemDownload>> (result))
+            busy.keepInput();
+
+        return result;
     }();
 
     if (auto* opening = std::get_if<std::unique_ptr<itemDownload>> (&opened))

@@ -39,7 +39,9 @@ busyCursor::~busyCursor()
     if (--depth > 0)
         return;
 
-    juce::ComponentPeer::discardPendingInput();
+    if (dropsInput)
+        juce::ComponentPeer::discardPendingInput();
+
     juce::MouseCursor::hideWaitCursor();
 }
 

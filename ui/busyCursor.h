@@ -13,6 +13,12 @@ public:
     busyCursor (const busyCursor&) = delete;
     busyCursor& operator= (const busyCursor&) = delete;
 
+    /** Keys and clicks are not dropped: what they will reach is what the user has seen all the time. */
+    void keepInput() { dropsInput = false; }
+
     /** Whether one of these lives. */
     static bool isShown();
+
+private:
+    bool dropsInput = true;
 };

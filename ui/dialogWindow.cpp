@@ -3,6 +3,8 @@
 #include "ui/windowHints.h"
 
 static constexpr int firstSize = 500;
+static constexpr int frameOfWindow =
+    32; // what some window managers put around a window, wherever it asked to be
 
 dialogWindow::dialogWindow (jpseudomodaldialog& dialogToShow, const juce::String& title, bool hasShadow)
     : DocumentWindow (title, juce::Colours::white, 0, false),
@@ -35,12 +37,21 @@ void dialogWindow::setContentSize (juce::Rectangle<int> size)
     contentSize = size;
 
     const auto area = getParentMonitorArea().toFloat();
-    scaleToFit = juce::jmin (1.0f, area.getWidth() / (float) size.getWidth(),
-                             area.getHeight() / (float) size.getHeight());
+    const auto fitting = [&] (juce::Rectangle<float> room) {
+        return juce::jmin (1.0f, room.getWidth() / (float) size.getWidth(),
+                           room.getHeight() / (float) size.getHeight());
+    };
+
+    scaleToFit = fitting (area) < 1.0f ? fitting (area.reduced (0.625f * frameOfWindow)) : 1.0f;
     setSize (size.getWidth(), size.getHeight());
 
     const auto reachable = (area / scaleToFit).toNearestInt();
-    setTopLeftPosition (getBounds().constrainedWithin (reachable).getPosition());
+    const auto room = [] (int reached, int used) {
+        return juce::jlimit (0, frameOfWindow, (reached - used) / 2);
+    };
+    const auto place = reachable.reduced (room (reachable.getWidth(), getWidth()),
+                                          room (reachable.getHeight(), getHeight()));
+    setTopLeftPosition (getBounds().constrainedWithin (place).getPosition());
     handleUpdateNowIfNeeded();
 }
 

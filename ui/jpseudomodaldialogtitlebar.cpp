@@ -1,7 +1,7 @@
 #include "ui/jpseudomodaldialogtitlebar.h"
 
 static const juce::Colour lightAtTop (0x00ffffff), lightAtBottom (0x33ffffff);
-static constexpr float fontShare = 0.8f, fontStretch = 0.8f;
+static constexpr float titleFontShare = 0.8f, titleFontStretch = 0.8f;
 
 jpseudomodaldialogtitlebar::jpseudomodaldialogtitlebar (const juce::String& titleToShow, bool canDragWindow)
     : title (titleToShow),
@@ -17,7 +17,7 @@ void jpseudomodaldialogtitlebar::paint (juce::Graphics& g)
     g.fillAll();
 
     g.setColour (findColour (juce::TextButton::textColourOnId));
-    g.setFont (juce::Font (fontShare * height, juce::Font::bold).withHorizontalScale (fontStretch));
+    g.setFont (juce::Font (titleFontShare * height, juce::Font::bold).withHorizontalScale (titleFontStretch));
     g.drawText (title, getLocalBounds(), juce::Justification::centred, true);
 }
 

@@ -5,15 +5,42 @@ static constexpr int longestDescription = 2000; // the framework cuts silently a
 static constexpr int margin = 20, iconSize = 40, iconGap = 16, titleGap = 8;
 static constexpr int buttonGap = 20, buttonSpacing = 10;
 static constexpr int lineLength = 520, narrowestBox = 360;
+static constexpr float leastScreenWidth = 640.0f, leastScreenHeight = 480.0f; // for a box in its full size
 static constexpr int editorMargin = 3; // what the framework's editor adds right of its text
 static constexpr float lineSpacing = 1.25f;
-static constexpr int farAway = 1 << 20; // more pixels than any text is high
+static constexpr int heightLeftFree = 100; // on the screen, for a frame and a task bar that nobody tells of
+static constexpr int farAway = 1 << 20;    // more pixels than any text is high
 
 static juce::String shortened (const juce::String& text, int length)
 {
     return text.length() <= length
                ? text
                : text.substring (0, length - 1) + juce::String::charToString (0x2026); // an ellipsis
+}
+
+/** The framework's editor lays out a word that is longer than a line in the square of its length: a page of 100,000
+    letters without a blank took minutes. Such words get line breaks; in a text that no address or path is as long as
+    even those that are hardly longer than a line. */
+static juce::String withShorterWords (const juce::String& text)
+{
+    const auto longestWord = text.getNumBytesAsUTF8() > 100000 ? 60 : 500;
+    juce::MemoryOutputStream result;
+    int length = 0;
+
+    for (auto character = text.getCharPointer(); ! character.isEmpty(); ++character)
+    {
+        length = character.isWhitespace() ? 0 : length + 1;
+
+        if (length > longestWord)
+        {
+            result << "\n";
+            length = 1;
+        }
+
+        result.appendUTF8Char (*character);
+    }
+
+    return result.toUTF8();
 }
 
 static bool isAnsweringKeyDown()
@@ -37,6 +64,10 @@ messageBox::messageBox (const juce::String& title, const juce::String& message,
     : AlertWindow (title, shortened (message, longestDescription), icon, owner),
       wasHeldBefore (isAnsweringKeyDown())
 {
+    if (const auto screen = getParentMonitorArea().toFloat(); owner == nullptr)
+        scaleToFit =
+            juce::jmin (1.0f, screen.getWidth() / leastScreenWidth, screen.getHeight() / leastScreenHeight);
+
     const juce::KeyPress escape (juce::KeyPress::escapeKey), enter (juce::KeyPress::returnKey);
     const auto letterOf = [] (const juce::String& label) {
         return juce::KeyPress ((int) juce::CharacterFunctions::toLowerCase (label[0]), {}, 0);
@@ -87,7 +118,7 @@ void messageBox::showText (const juce::String& message)
     text.setFont (getLookAndFeel().getAlertWindowMessageFont());
     text.setScrollBarThickness (getLookAndFeel().getDefaultScrollbarWidth());
     text.setComponentID ("message text");
-    text.setText (shortened (message, longestText), false);
+    text.setText (withShorterWords (shortened (message, longestText)), false);
     addAndMakeVisible (text);
 }
 
@@ -140,16 +171,25 @@ int messageBox::widthOfEvenLines (int most)
     return width;
 }
 
+float messageBox::getDesktopScaleFactor() const
+{
+    return scaleToFit * AlertWindow::getDesktopScaleFactor();
+}
+
 void messageBox::layOut (juce::Component* owner)
 {
+    const auto scale =
+        messageBox::getDesktopScaleFactor() / juce::Desktop::getInstance().getGlobalScaleFactor();
+    const auto& onScreen = owner != nullptr ? *owner : *this;
+    const auto screen = (onScreen.getParentMonitorArea().toFloat() / scale).toNearestInt();
     const auto titleArea = getTitleArea();
     const auto titleWidth =
         juce::roundToInt (getLookAndFeel().getAlertWindowTitleFont().getStringWidthFloat (getName())) + 1;
     const auto lined = getButtons();
     const auto top = titleArea.getBottom() + titleGap;
     const auto bottom = buttonGap + getLookAndFeel().getAlertWindowButtonHeight() + margin;
-    const auto mostWidth = juce::jmax (narrowestBox, juce::roundToInt (0.8f * (float) getParentWidth()));
-    const auto mostTextHeight = juce::jmax (1, getParentHeight() - 50 - top - bottom);
+    const auto mostWidth = juce::jmax (narrowestBox, juce::roundToInt (0.8f * (float) screen.getWidth()));
+    const auto mostTextHeight = juce::jmax (1, screen.getHeight() - heightLeftFree - top - bottom);
     const auto mostTextWidth = juce::jmin (lineLength, mostWidth - titleArea.getX() - margin);
 
     auto buttonsWidth = -buttonSpacing;
@@ -170,7 +210,12 @@ void messageBox::layOut (juce::Component* owner)
         juce::jmin (mostWidth, juce::jmax (narrowestBox, buttonsWidth + 2 * margin,
                                            titleArea.getX() + juce::jmax (textWidth, titleWidth) + margin));
     const auto height = bottom + juce::jmax (top + textHeight, getIconArea().getBottom());
-    centreAroundComponent (owner, width, height);
+
+    if (owner != nullptr)
+        centreAroundComponent (owner, width, height);
+    else
+        setBounds (screen.withSizeKeepingCentre (width, height));
+
     text.setBounds (titleArea.getX(), top, textWidth, textHeight);
     text.setCaretPosition (0);
 

@@ -11,7 +11,8 @@ public:
     /** Of a longer text the rest is left out, and an ellipsis tells so. */
     static constexpr int longestText = 200000;
 
-    /** With one button, two or three: their results and keys are the framework's. The window is the box's owner, which it is centred over and shrinks with; may be null. */
+    /** With one button, two or three: their results and keys are the framework's. The window is the box's owner, which
+        it is centred over and shrinks with. Without one the box shrinks with a screen that is small. */
     messageBox (const juce::String& title, const juce::String& message, const juce::StringArray& buttonLabels,
                 juce::MessageBoxIconType, juce::Component* owner);
 
@@ -25,6 +26,7 @@ public:
     bool keyPressed (const juce::KeyPress&) override;
     bool keyStateChanged (bool isKeyDown) override;
     void mouseWheelMove (const juce::MouseEvent&, const juce::MouseWheelDetails&) override;
+    float getDesktopScaleFactor() const override;
 
 private:
     struct selectableText : juce::TextEditor
@@ -42,6 +44,7 @@ private:
     void copy();
 
     selectableText text;
+    float scaleToFit = 1.0f;
     bool
         wasHeldBefore; // a key that answers the box was down when it opened: what it repeats is not for the box
 

@@ -1,12 +1,13 @@
 #include "ui/outcomeList.h"
 #include "ui/palette.h"
 
-static constexpr int margin = 6, outcomeWidth = 90;
-static constexpr float fontHeight = 13.0f, corner = 4.0f;
+static constexpr int listMargin = 6, outcomeWidth = 90;
+static constexpr int longestName = 1000; // painting costs what a text is long, not what of it shows
+static constexpr float lineFontHeight = 13.0f, corner = 4.0f;
 
 int outcomeList::linesIn (juce::Rectangle<int> area)
 {
-    return juce::jmax (1, (area.getHeight() - 2 * margin) / lineHeight);
+    return juce::jmax (1, (area.getHeight() - 2 * listMargin) / lineHeight);
 }
 
 void outcomeList::clear()
@@ -17,7 +18,7 @@ void outcomeList::clear()
 
 void outcomeList::add (const juce::String& name, const char* outcome, juce::uint32 argb)
 {
-    lines.push_back ({ name, outcome, argb });
+    lines.push_back ({ name.substring (0, longestName), outcome, argb });
     back = 0;
 }
 
@@ -33,7 +34,7 @@ void outcomeList::paint (juce::Graphics& g, juce::Rectangle<int> area,
     g.fillRoundedRectangle (area.toFloat(), corner);
     g.setColour (juce::Colour (palette::faintLine));
     g.drawRoundedRectangle (area.toFloat().reduced (0.5f), corner, 1.0f);
-    g.setFont (juce::Font (fontHeight));
+    g.setFont (juce::Font (lineFontHeight));
 
     if (lines.empty())
     {
@@ -43,7 +44,7 @@ void outcomeList::paint (juce::Graphics& g, juce::Rectangle<int> area,
     }
 
     const auto last = (int) lines.size() - back;
-    auto rows = area.reduced (2 * margin, margin);
+    auto rows = area.reduced (2 * listMargin, listMargin);
 
     for (auto i = juce::jmax (0, last - linesIn (area)); i < last; ++i)
     {

@@ -28,6 +28,21 @@ pageEditor::pageEditor (content contentOfField)
     setInputFilter (this, false);
 }
 
+void pageEditor::focusGained (FocusChangeType cause)
+{
+    const auto marked = getHighlightedRegion();
+    TextEditor::focusGained (cause);
+
+    if (! focusMovedOn && cause == focusChangedDirectly) // the framework may tell it twice
+        setHighlightedRegion (marked);
+}
+
+void pageEditor::focusLost (FocusChangeType cause)
+{
+    focusMovedOn = getCurrentlyFocusedComponent() != nullptr;
+    TextEditor::focusLost (cause);
+}
+
 juce::String pageEditor::filterNewText (juce::TextEditor&, const juce::String& newInput)
 {
     const auto text = newInput.removeCharacters (lineEnds());

@@ -1,13 +1,15 @@
 #include "ui/statusLabel.h"
 #include <cmath>
 
+static constexpr int longestShownName = 1000; // painting costs what a text is long, not what of it shows
+
 void statusLabel::setStatus (const juce::String& textBefore, const juce::String& nameInFull,
                              const juce::String& textAfter)
 {
     before = textBefore;
-    name = nameInFull;
+    name = nameInFull.substring (0, longestShownName);
     after = textAfter;
-    setText (before + name + after, juce::dontSendNotification);
+    setText (before + nameInFull + after, juce::dontSendNotification);
 }
 
 void statusLabel::paint (juce::Graphics& g)

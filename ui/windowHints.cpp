@@ -2,6 +2,10 @@
 #include "ui/windowHints.h"
 #include "assets.h"
 
+#if JUCE_WINDOWS
+    #include <windows.h>
+#endif
+
 #if JUCE_LINUX
 
 namespace
@@ -62,7 +66,11 @@ void windowHints::setDialogOf (juce::Component& window, juce::Component& owner)
 void windowHints::setIcon (juce::Component&)
 {}
 
-void windowHints::setDialogOf (juce::Component&, juce::Component&)
-{}
+void windowHints::setDialogOf (juce::Component& window, juce::Component& owner)
+{
+    auto* handle = static_cast<HWND> (window.getWindowHandle());
+    SetWindowLongPtrW (handle, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR> (owner.getWindowHandle()));
+    SetWindowLongPtrW (handle, GWL_EXSTYLE, GetWindowLongPtrW (handle, GWL_EXSTYLE) & ~WS_EX_APPWINDOW);
+}
 
 #endif
