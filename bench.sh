@@ -3,7 +3,7 @@
 # Fails when a figure misses its reach.
 #
 #   ./bench.sh            everything
-#   ./bench.sh OPTION...  with options of Google Benchmark, such as --benchmark_repetitions=3
+#   ./bench.sh TEXT...    only the rows whose names hold one of these texts
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 
@@ -19,4 +19,4 @@ cd "$(dirname "${BASH_SOURCE[0]}")"
   start_display
 } >&2
 
-build/linux/bin/rigmartBench "$@"
+bench/with-trust.sh build/linux/bin/rigmartBench "$@"

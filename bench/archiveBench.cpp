@@ -1,10 +1,7 @@
 #include "bench/figures.h"
 #include "bench/scratchFolder.h"
 #include "content/jSimpleArchive.h"
-#include "net/dataScrambler.h"
 #include "sandbox/archiveWriter.h"
-#include <map>
-#include <physfs.h>
 #include <zip.h>
 
 static constexpr int many = 100'000;
@@ -15,32 +12,25 @@ static std::string nameOf (int i)
     return "amps/model " + std::to_string (i * 7919) + "/impulse.wav";
 }
 
-/** Packed archive and zip file of the same names, made once for each number of entries. */
+/** Packed archive and zip file of the same names. */
 struct archivePair
 {
-    juce::File packed, zipped;
+    const juce::String packed = scratchFolder().getChildFile ("many.sa").getFullPathName(),
+                       zipped = scratchFolder().getChildFile ("many.zip").getFullPathName();
 
-    static const archivePair& of (int entries)
+    static const archivePair& made()
     {
-        static std::map<int, archivePair> made;
-        auto& pair = made[entries];
-
-        if (pair.packed == juce::File())
-            pair.make (entries);
-
+        static const archivePair pair;
         return pair;
     }
 
 private:
-    void make (int entries)
+    archivePair()
     {
-        packed = scratchFolder().getChildFile (juce::String (entries) + ".sa");
-        zipped = packed.withFileExtension ("zip");
-
         archiveWriter writer;
-        auto* zip = zip_open (zipped.getFullPathName().toRawUTF8(), ZIP_CREATE, nullptr);
+        auto* zip = zip_open (zipped.toRawUTF8(), ZIP_CREATE, nullptr);
 
-        for (int i = 0; i < entries; ++i)
+        for (int i = 0; i < many; ++i)
         {
             writer.entries.push_back ({ nameOf (i), "bytes" });
             const auto index =
@@ -49,182 +39,98 @@ private:
         }
 
         const auto bytes = writer.write();
-        packed.replaceWithData (bytes.getData(), bytes.getSize());
+        juce::File (packed).replaceWithData (bytes.getData(), bytes.getSize());
         zip_close (zip);
     }
 };
 
-static zip_t* openZip (int entries)
+static zip_t* openZip()
 {
-    return zip_open (archivePair::of (entries).zipped.getFullPathName().toRawUTF8(), ZIP_RDONLY, nullptr);
+    return zip_open (archivePair::made().zipped.toRawUTF8(), ZIP_RDONLY, nullptr);
 }
 
-static std::function<void (benchmark::State&)> openPacked (int entries)
+static bool openPacked()
 {
-    return [entries] (benchmark::State& state) {
-        const auto path = archivePair::of (entries).packed.getFullPathName();
-
-        for (auto _ : state)
-        {
-            jSimpleArchive archive;
-
-            if (! archive.open (path) || ! archive.isValid())
-                state.SkipWithError ("does not open");
-        }
-    };
+    jSimpleArchive archive;
+    return archive.open (archivePair::made().packed) && archive.isValid();
 }
 
-static void openWithLibzip (benchmark::State& state)
+static bool openWithLibzip()
 {
-    archivePair::of (many);
-
-    for (auto _ : state)
-        zip_discard (openZip (many));
+    auto* zip = openZip();
+    zip_discard (zip);
+    return zip != nullptr;
 }
 
-/** Mounts the zip file in PhysicsFS, once in a run since that takes so long, and returns the seconds that took. */
-static double mountWithPhysicsFs()
+/** Every seventh name. */
+static const juce::StringArray& wantedNames()
 {
-    static const auto seconds = [] {
-        const auto path = archivePair::of (many).zipped.getFullPathName();
-        const auto start = juce::Time::getMillisecondCounterHiRes();
+    static const auto all = [] {
+        juce::StringArray names;
 
-        if (PHYSFS_init (nullptr) == 0 || PHYSFS_mount (path.toRawUTF8(), nullptr, 1) == 0)
-            std::abort();
+        for (int i = 0; i < many; i += 7)
+            names.add (nameOf (i));
 
-        return (juce::Time::getMillisecondCounterHiRes() - start) / 1000;
+        return names;
     }();
 
+    return all;
+}
+
+static double lookUpPacked()
+{
+    jSimpleArchive archive;
+    archive.open (archivePair::made().packed);
+    archive.contains (nameOf (0));
+
+    return timed ([&] {
+        return std::all_of (wantedNames().begin(), wantedNames().end(),
+                            [&] (const juce::String& name) { return archive.contains (name); });
+    })();
+}
+
+static double lookUpWithLibzip()
+{
+    auto* zip = openZip();
+    const auto seconds = timed ([&] {
+        return std::all_of (wantedNames().begin(), wantedNames().end(), [&] (const juce::String& name) {
+            return zip_name_locate (zip, name.toRawUTF8(), 0) >= 0;
+        });
+    })();
+    zip_discard (zip);
     return seconds;
 }
 
-static void openWithPhysicsFs (benchmark::State& state)
+static double readEntry()
 {
-    for (auto _ : state)
-        state.SetIterationTime (mountWithPhysicsFs());
+    archiveWriter writer;
+    writer.entries = { { "plain", std::string (bigEntry, 'p') } };
+    const auto bytes = writer.write();
+    const auto file = scratchFolder().getChildFile ("big.sa");
+    file.replaceWithData (bytes.getData(), bytes.getSize());
+
+    jSimpleArchive archive;
+    archive.open (file.getFullPathName());
+    return timed ([&] { return archive.createInputStreamFor ("plain")->getTotalLength() == bigEntry; })();
 }
 
-/** Every seventh name, or a name beside it that does not exist. */
-static juce::StringArray wantedNames (bool found)
+static double readFile()
 {
-    juce::StringArray names;
+    const auto file = scratchFolder().getChildFile ("big.bin");
+    const juce::MemoryBlock content (bigEntry, true);
+    file.replaceWithData (content.getData(), bigEntry);
 
-    for (int i = 0; i < many; i += 7)
-        names.add (juce::String (nameOf (i)) + (found ? "" : "x"));
-
-    return names;
-}
-
-static std::function<void (benchmark::State&)> lookUpPacked (bool found)
-{
-    return [found] (benchmark::State& state) {
-        jSimpleArchive archive;
-        archive.open (archivePair::of (many).packed.getFullPathName());
-        const auto names = wantedNames (found);
-
-        for (auto _ : state)
-            for (auto& name : names)
-                if (archive.contains (name) != found)
-                    state.SkipWithError ("wrong answer");
-    };
-}
-
-static std::function<void (benchmark::State&)> lookUpWithLibzip (bool found)
-{
-    return [found] (benchmark::State& state) {
-        auto* zip = openZip (many);
-        const auto names = wantedNames (found);
-
-        for (auto _ : state)
-            for (auto& name : names)
-                if ((zip_name_locate (zip, name.toRawUTF8(), 0) >= 0) != found)
-                    state.SkipWithError ("wrong answer");
-
-        zip_discard (zip);
-    };
-}
-
-static std::function<void (benchmark::State&)> lookUpWithPhysicsFs (bool found)
-{
-    return [found] (benchmark::State& state) {
-        mountWithPhysicsFs();
-        const auto names = wantedNames (found);
-
-        for (auto _ : state)
-            for (auto& name : names)
-                if ((PHYSFS_exists (name.toRawUTF8()) != 0) != found)
-                    state.SkipWithError ("wrong answer");
-    };
-}
-
-static juce::File bigArchive()
-{
-    static const auto file = [] {
-        archiveWriter writer;
-        writer.entries = { { "plain", std::string (bigEntry, 'p') },
-                           { "scrambled", std::string (bigEntry, 's'), true } };
-        const auto bytes = writer.write();
-        const auto made = scratchFolder().getChildFile ("big.sa");
-        made.replaceWithData (bytes.getData(), bytes.getSize());
-        scratchFolder().getChildFile ("big.bin").replaceWithData (bytes.getData(), bigEntry);
-        return made;
-    }();
-
-    return file;
-}
-
-static std::function<void (benchmark::State&)> readEntry (const char* name)
-{
-    return [name] (benchmark::State& state) {
-        jSimpleArchive archive;
-        archive.open (bigArchive().getFullPathName());
-
-        for (auto _ : state)
-            if (archive.createInputStreamFor (name)->getTotalLength() != bigEntry)
-                state.SkipWithError ("not whole");
-    };
-}
-
-static std::function<void (benchmark::State&)> readFile (bool scrambled)
-{
-    return [scrambled] (benchmark::State& state) {
-        const auto file = bigArchive().getSiblingFile ("big.bin");
-
-        for (auto _ : state)
-        {
-            juce::MemoryBlock bytes (bigEntry, false);
-            juce::FileInputStream stream (file);
-
-            if (stream.read (bytes.getData(), bigEntry) != bigEntry)
-                state.SkipWithError ("not whole");
-
-            juce::uint32 left = 0, right = 1;
-
-            if (scrambled)
-                applyKeystream (bytes.getData(), bigEntry, left, right);
-        }
-    };
+    return timed ([&] {
+        juce::MemoryBlock bytes (bigEntry, false);
+        juce::FileInputStream stream (file);
+        return stream.read (bytes.getData(), bigEntry) == bigEntry;
+    })();
 }
 
 static const int registered = [] {
-    const figure opening{ "opening an archive of 100,000 entries", "libzip, the same names", 10.0 };
-    addFigure (opening, openPacked (many), openWithLibzip);
-    addFigure ({ opening.name, "PhysicsFS, the same names, once", 0, true }, openPacked (many),
-               openWithPhysicsFs);
-
-    for (const auto found : { true, false })
-    {
-        const auto name = std::string ("14,286 names among 100,000, ") + (found ? "found" : "not found");
-        addFigure ({ name, "libzip", 1.0 }, lookUpPacked (found), lookUpWithLibzip (found));
-        addFigure ({ name, "PhysicsFS", 0 }, lookUpPacked (found), lookUpWithPhysicsFs (found));
-    }
-
-    addFigure ({ "a 16 MiB entry, plain", "reading a file", 0.9 }, readEntry ("plain"), readFile (false));
-    addFigure ({ "a 16 MiB entry, scrambled", "reading a file, scrambling", 0.9 }, readEntry ("scrambled"),
-               readFile (true));
-
-    for (const auto entries : { 100, 1000, 10'000, many })
-        addGrowth ("archive entries opened", entries, openPacked (entries));
-
+    addFigure ({ "opening an archive of 100,000 entries", "libzip, the same names", 10, 5 },
+               timed (openPacked), timed (openWithLibzip));
+    addFigure ({ "14,286 names among 100,000, found", "libzip", 1, 15 }, lookUpPacked, lookUpWithLibzip);
+    addFigure ({ "a 16 MiB entry", "reading a file", 0.9, 15 }, readEntry, readFile);
     return 0;
 }();

@@ -1,9 +1,10 @@
 #include "bench/figures.h"
+#include <CLI/CLI.hpp>
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <juce_gui_basics/juce_gui_basics.h>
-#include <map>
 #include <vector>
 
 namespace
@@ -11,14 +12,7 @@ namespace
 struct row
 {
     figure what;
-    std::string ours, other; // names of the benchmarks
-    std::string unit = "s";
-};
-
-struct growth
-{
-    std::string name;
-    int size;
+    reading ours, other;
 };
 
 std::vector<row>& rows()
@@ -27,167 +21,134 @@ std::vector<row>& rows()
     return all;
 }
 
-std::vector<growth>& growths()
+measurement& wanted()
 {
-    static std::vector<growth> all;
-    return all;
+    static measurement present;
+    return present;
 }
 
-/** Keeps the time of every repetition, by benchmark. */
-class collectingReporter : public benchmark::BenchmarkReporter
+/** Values of all pairs, with what stands at a share of them. */
+class sample
 {
 public:
-    bool ReportContext (const Context&) override { return true; }
+    void add (double value) { values.insert (std::upper_bound (values.begin(), values.end(), value), value); }
 
-    void ReportRuns (const std::vector<Run>& runs) override
+    /** Between the two neighbours where none is exactly there. */
+    double at (double share) const
     {
-        for (auto& run : runs)
-        {
-            if (run.error_occurred)
-            {
-                std::fprintf (stderr, "%s: %s\n", run.benchmark_name().c_str(), run.error_message.c_str());
-                failed = true;
-            }
-            else if (run.run_type == Run::RT_Iteration)
-            {
-                seconds[run.run_name.function_name].push_back (run.real_accumulated_time
-                                                               / double (run.iterations));
-            }
-        }
+        const auto place = share * double (values.size() - 1);
+        const auto below = size_t (place), above = std::min (below + 1, values.size() - 1);
+        return values[below] + (place - double (below)) * (values[above] - values[below]);
     }
 
-    double median (const std::string& name) const
-    {
-        auto values = seconds.at (name);
-        std::sort (values.begin(), values.end());
-        return values[values.size() / 2];
-    }
-
-    bool failed = false;
-    std::map<std::string, std::vector<double>> seconds;
+private:
+    std::vector<double> values;
 };
 
-/** A time with three digits and the unit that suits it. */
-std::string readable (double seconds)
+/** A value with three digits and, where it is a time, the unit that suits it. */
+std::string readable (double value, const std::string& unit)
 {
     static constexpr const char* units[] = { "s", "ms", "us", "ns" };
-    size_t unit = 0;
+    size_t scale = 0;
 
-    while (seconds < 1 && unit + 1 < std::size (units))
-    {
-        seconds *= 1000;
-        ++unit;
-    }
+    for (; unit == "s" && value < 1 && scale + 1 < std::size (units); ++scale)
+        value *= 1000;
 
     char text[32];
-    std::snprintf (text, sizeof (text),
-                   seconds < 10    ? "%.2f %s"
-                   : seconds < 100 ? "%.1f %s"
-                                   : "%.0f %s",
-                   seconds, units[unit]);
+    const auto digits = unit == "s" ? std::clamp (2 - int (std::log10 (value)), 0, 2) : 0;
+    std::snprintf (text, sizeof (text), "%.*f %s", digits, value, unit == "s" ? units[scale] : unit.c_str());
     return text;
 }
 
-std::string readable (double value, const std::string& unit)
+/** Measures a row and prints it. Returns whether it reached what it has to. */
+bool measure (const row& line)
 {
-    return unit == "s" ? readable (value) : std::to_string (std::lround (value)) + " " + unit;
+    sample ours, other, speed;
+
+    for (int i = 0; i < line.what.pairs; ++i)
+    {
+        const auto oursFirst = i % 2 == 0;
+        const auto first = oursFirst ? line.ours() : line.other();
+        const auto second = oursFirst ? line.other() : line.ours();
+
+        if (first <= 0 || second <= 0)
+        {
+            std::printf ("| %s | | | %s | failed | | |\n", line.what.name.c_str(), line.what.other.c_str());
+            return false;
+        }
+
+        ours.add (oursFirst ? first : second);
+        other.add (oursFirst ? second : first);
+        speed.add (oursFirst ? second / first : first / second);
+    }
+
+    const auto reached = speed.at (0.5) >= line.what.reach;
+    std::printf ("| %s | %s | %s | %s | %.2f%s | %.2f to %.2f of %d | %.2f |\n", line.what.name.c_str(),
+                 readable (ours.at (0.5), line.what.unit).c_str(),
+                 readable (other.at (0.5), line.what.unit).c_str(), line.what.other.c_str(), speed.at (0.5),
+                 reached ? "" : " missed", speed.at (0.25), speed.at (0.75), line.what.pairs,
+                 line.what.reach);
+    std::fflush (stdout);
+    return reached;
 }
 }
 
-void addFigure (const figure& what, const std::function<void (benchmark::State&)>& ours,
-                const std::function<void (benchmark::State&)>& other)
+void addFigure (const figure& what, const reading& ours, const reading& other)
 {
-    const auto number = std::to_string (rows().size());
-    rows().push_back ({ what, "ours" + number, "other" + number, "s" });
-    benchmark::RegisterBenchmark (rows().back().ours.c_str(), ours);
-    auto* registered = benchmark::RegisterBenchmark (rows().back().other.c_str(), other);
-
-    if (what.otherOnce)
-        registered->UseManualTime()->Iterations (1)->Repetitions (1);
+    rows().push_back ({ what, ours, other });
 }
 
-void addReading (const figure& what, const std::string& unit, const std::function<double()>& ours,
-                 const std::function<double()>& other, int times)
+double now()
 {
-    const auto number = std::to_string (rows().size());
-    rows().push_back ({ what, "ours" + number, "other" + number, unit });
+    return std::chrono::duration<double> (std::chrono::steady_clock::now().time_since_epoch()).count();
+}
 
-    const auto add = [times] (const std::string& name, const std::function<double()>& read) {
-        const auto benchmark = [read] (benchmark::State& state) {
-            for (auto _ : state)
-            {
-                const auto value = read();
+reading timed (const std::function<bool()>& work)
+{
+    return [work] {
+        static constexpr double longEnough = 0.05;
+        auto done = true;
+        int calls = 0;
+        const auto start = now();
+        auto taken = 0.0;
 
-                if (value < 0)
-                    state.SkipWithError ("no value");
+        for (; done && taken < longEnough; taken = now() - start, ++calls)
+            done = work();
 
-                state.SetIterationTime (std::max (0.0, value));
-            }
-        };
-        benchmark::RegisterBenchmark (name.c_str(), benchmark)
-            ->UseManualTime()
-            ->Iterations (1)
-            ->Repetitions (times);
+        return done ? taken / calls : -1;
     };
-
-    add (rows().back().ours, ours);
-    add (rows().back().other, other);
 }
 
-void addGrowth (const std::string& name, int size, const std::function<void (benchmark::State&)>& ours)
+const measurement& presentMeasurement()
 {
-    growths().push_back ({ name, size });
-    benchmark::RegisterBenchmark ((name + std::to_string (size)).c_str(), ours);
+    return wanted();
 }
 
+// NOLINTNEXTLINE(bugprone-exception-escape): a wrong description of the options is a fault of this file
 int main (int argc, char* argv[])
 {
     const juce::ScopedJuceInitialiser_GUI framework;
+    const auto here = juce::File::getSpecialLocation (juce::File::currentExecutableFile);
+    wanted().session = here.getSiblingFile ("sessionRun").getFullPathName().toStdString();
+    std::vector<std::string> names;
 
-    // Repetitions of all benchmarks in random order: what disturbs the machine for a while disturbs both sides.
-    std::string defaults[] = { argv[0], "--benchmark_repetitions=7", "--benchmark_min_time=0.05",
-                               "--benchmark_enable_random_interleaving=true" };
-    std::vector<char*> arguments;
+    CLI::App line ("Measures, and prints a table in Markdown. Fails when a row misses its reach.");
+    line.add_option ("rows", names, "Only the rows whose names hold one of these texts");
+    line.add_option ("--session", wanted().session, "Command that starts sessionRun");
+    line.add_option ("--certificate", wanted().certificate, "Of the TLS server; the system trusts it")
+        ->required();
+    line.add_option ("--key", wanted().key, "Of that certificate")->required();
+    CLI11_PARSE (line, argc, argv);
 
-    for (auto& argument : defaults)
-        arguments.push_back (argument.data());
+    std::printf ("| figure | ours | the other | | speed of ours | middle half | reach |\n"
+                 "|---|---:|---:|---|---:|---:|---:|\n");
+    auto allReached = true;
 
-    arguments.insert (arguments.end(), argv + 1, argv + argc);
-    auto count = int (arguments.size());
-    benchmark::Initialize (&count, arguments.data());
+    for (auto& each : rows())
+        if (names.empty() || std::any_of (names.begin(), names.end(), [&] (const std::string& text) {
+                return each.what.name.find (text) != std::string::npos;
+            }))
+            allReached = measure (each) && allReached;
 
-    collectingReporter times;
-    benchmark::RunSpecifiedBenchmarks (&times);
-
-    std::printf ("| figure | ours | the other | | speed of ours | reach |\n|---|---:|---:|---|---:|---:|\n");
-    const auto wasRun = [&times] (const std::string& name) { return times.seconds.count (name) > 0; };
-    auto allReached = ! times.failed;
-
-    for (auto& line : rows())
-    {
-        if (! wasRun (line.ours) || ! wasRun (line.other))
-            continue;
-
-        const auto ours = times.median (line.ours), other = times.median (line.other);
-        char reach[32] = "";
-
-        if (line.what.reach > 0)
-            std::snprintf (reach, sizeof (reach), "%.2f%s", line.what.reach,
-                           other / ours < line.what.reach ? " missed" : "");
-
-        allReached = allReached && other / ours >= line.what.reach;
-        std::printf ("| %s | %s | %s | %s | %.2f | %s |\n", line.what.name.c_str(),
-                     readable (ours, line.unit).c_str(), readable (other, line.unit).c_str(),
-                     line.what.other.c_str(), other / ours, reach);
-    }
-
-    std::printf ("\n| how cost grows | size | ours | per element |\n|---|---:|---:|---:|\n");
-
-    for (auto& line : growths())
-        if (const auto name = line.name + std::to_string (line.size); wasRun (name))
-            std::printf ("| %s | %d | %s | %s |\n", line.name.c_str(), line.size,
-                         readable (times.median (name)).c_str(),
-                         readable (times.median (name) / line.size).c_str());
-
-    return allReached ? 0 : 1;
+    return allReached ? EXIT_SUCCESS : EXIT_FAILURE;
 }

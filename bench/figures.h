@@ -1,27 +1,38 @@
 #pragma once
 
-#include <benchmark/benchmark.h>
 #include <functional>
 #include <string>
 
-/** One row of the table that bench.sh prints: our way of doing something against another way, measured in turn in
-    the same run. */
+/** One row of the table: our way of doing something beside another way of doing it. The two are measured in pairs,
+    one right after the other and in turns which comes first, and each pair gives one ratio: what disturbs the machine
+    for a while disturbs both. */
 struct figure
 {
     std::string name;
     std::string other; /**< What ours is held against. */
-    double reach;      /**< How fast ours has to be, as a multiple of the other's speed; 0: only reported. */
-    bool otherOnce = false; /**< The other takes so long that one time has to do, which it tells by itself. */
+    double reach;      /**< The least ratio, as the other's value divided by ours. */
+    int pairs;
+    std::string unit = "s"; /**< "s" for seconds; else what is printed behind the value. */
 };
 
-/** Adds a row with the benchmarks of both ways. Called during static initialisation. */
-void addFigure (const figure& row, const std::function<void (benchmark::State&)>& ours,
-                const std::function<void (benchmark::State&)>& other);
+/** Measures once: a value of which less is better, negative after a failure. */
+using reading = std::function<double()>;
 
-/** Adds a measurement of ours alone, to show how a cost grows. */
-void addGrowth (const std::string& name, int size, const std::function<void (benchmark::State&)>& ours);
+/** Adds a row. Called during static initialisation. */
+void addFigure (const figure& row, const reading& ours, const reading& other);
 
-/** Adds a row for values that are no benchmark's times, smaller being better: each is read so many times in turn.
-    A negative value is a failure. `unit` is "s" for seconds, or what is printed behind the value. */
-void addReading (const figure& row, const std::string& unit, const std::function<double()>& ours,
-                 const std::function<double()>& other, int times);
+/** The time of one call, from as many as a twentieth of a second has room for. The work returns whether it was
+    done. */
+reading timed (const std::function<bool()>& work);
+
+/** Seconds on a clock that is never set. */
+double now();
+
+/** What the command line asks for beside the rows. */
+struct measurement
+{
+    std::string session;          /**< Command that starts sessionRun: for Windows, on Linux, through Wine. */
+    std::string certificate, key; /**< Of the TLS server, as files; the system trusts it. */
+};
+
+const measurement& presentMeasurement();

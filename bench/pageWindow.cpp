@@ -1,4 +1,4 @@
-// Usage: pageWindow [welcome|account|downloads]
+// Usage: pageWindow [none|welcome|account|downloads]
 // A bare framework window with that page in it, or with nothing, until it is ended.
 
 #include "content/store_downloads.h"
@@ -29,7 +29,7 @@ int main (int argc, char* argv[])
     // With the framework's title bar: the desktop's is on the screen before the program has painted anything.
     juce::DocumentWindow window ("pageWindow", juce::Colours::white, 0);
 
-    if (page.isNotEmpty())
+    if (page.isNotEmpty() && page != "none")
         lookAndFeelKlangora::install();
 
     if (page == "welcome")

@@ -19,7 +19,7 @@ inline juce::File inputFile (const char* name, const std::uint8_t* data, size_t 
     };
 
     static const folder inputs;
-    const auto file = inputs.path.getChildFile (name);
+    auto file = inputs.path.getChildFile (name);
     file.deleteFile();
     juce::FileOutputStream (file).write (data, size);
     return file;

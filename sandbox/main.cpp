@@ -12,6 +12,7 @@ struct wishes
     sandboxStore::settings store;
     std::vector<std::pair<std::string, std::string>> accounts;
     std::string log, installation, skin, exported;
+    int smallItems = -1; // instead of the usual ones; below 0: the usual ones
 };
 
 static void describe (CLI::App& line, wishes& wanted)
@@ -38,6 +39,10 @@ static void describe (CLI::App& line, wishes& wanted)
     line.add_option ("--bytes-per-second", wanted.store.bytesPerSecond,
                      "Send items this slowly, so that progress can be watched")
         ->check (upToABillion);
+
+    line.add_option ("--items", wanted.smallItems,
+                     "Offer so many small items, or none, instead of the usual ones")
+        ->check (CLI::Range (0, 100'000));
 
     auto* install = line.add_option ("--install", wanted.installation,
                                      "Prepare a product installation below this folder and exit");
@@ -110,7 +115,8 @@ int main (int argc, char* argv[])
     if (! wanted.log.empty())
         log.open (wanted.log, std::ios::app);
 
-    sandboxStore store (wanted.store, makeSandboxItems(),
+    auto items = wanted.smallItems < 0 ? makeSandboxItems() : makeSmallSandboxItems (wanted.smallItems);
+    sandboxStore store (wanted.store, std::move (items),
                         [&log] (const std::string& request) { log << request << std::endl; });
 
     for (const auto& [address, password] : wanted.accounts)

@@ -60,6 +60,21 @@ std::vector<sandboxItem> makeSandboxItems()
     };
 }
 
+std::vector<sandboxItem> makeSmallSandboxItems (int count)
+{
+    std::vector<sandboxItem> items;
+
+    for (int i = 1; i <= count; ++i)
+    {
+        const auto number = std::to_string (i);
+        const auto name = "Impulse Response " + number;
+        items.push_back (
+            { "responses/" + number + ".sa", name, "1", "", packItem (4, name, "1", 40'000), false });
+    }
+
+    return items;
+}
+
 juce::String installSandbox (const juce::File& folder, const juce::File& skin)
 {
     juce::MemoryBlock picture;

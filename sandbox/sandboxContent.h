@@ -21,6 +21,9 @@ struct sandboxItem
     versions, scrambled entries included, and the same bytes each time. */
 std::vector<sandboxItem> makeSandboxItems();
 
+/** A number of small items that are missing from every installation. */
+std::vector<sandboxItem> makeSmallSandboxItems (int count);
+
 /** Prepares an installation of the product below a folder: interface data with the skin at `skin`, and the
     installed items. Creates the folder; replaces what is there of its own files and leaves everything else.
     Returns a message for the user, empty on success. */

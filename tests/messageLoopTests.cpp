@@ -1,6 +1,10 @@
+#include "tests/support/downloadsRun.h"
+#include "tests/support/scriptedServer.h"
+#include "tests/support/temporaryInstallation.h"
 #include "tests/support/waiting.h"
 #include "ui/busyCursor.h"
 #include <catch2/catch.hpp>
+#include <future>
 #include <juce_gui_basics/juce_gui_basics.h>
 
 /** Counts what reaches it of keyboard and mouse, in a window of its own. */
@@ -19,10 +23,16 @@ struct inputCounter : juce::Component
     }
 
     bool keyPressed (const juce::KeyPress&) override { return ++keys > 0; }
-    void mouseDown (const juce::MouseEvent&) override { ++clicks; }
     void mouseMove (const juce::MouseEvent&) override { ++moves; }
 
+    void mouseDown (const juce::MouseEvent&) override
+    {
+        ++clicks;
+        clicked.signal();
+    }
+
     int keys = 0, clicks = 0, moves = 0;
+    juce::WaitableEvent clicked;
 };
 
 TEST_CASE ("a message loop that ran inside a callback does not put the outer one to sleep")
@@ -84,5 +94,49 @@ TEST_CASE ("events that arrived with the answer to a question are handled withou
         juce::MessageManager::getInstance()->runDispatchLoopUntil (100);
         CHECK (window.moves > before);
     }
+}
+
+/** Holds when so many milliseconds have passed since it was first asked. */
+static scriptedServer::condition after (juce::uint32 ms)
+{
+    return [ms, start = std::optional<juce::uint32>()]() mutable {
+        const auto now = juce::Time::getMillisecondCounter();
+        start = start.value_or (now);
+        return now - *start >= ms;
+    };
+}
+
+TEST_CASE ("a click is answered within a second while an item comes slowly, and while nothing comes")
+{
+    const temporaryInstallation installation;
+    inputCounter window;
+    juce::Desktop::setMousePosition (window.getScreenBounds().getCentre());
+
+    std::vector<std::future<bool>> answers;
+    const auto click = [&] {
+        answers.push_back (std::async (std::launch::async, [&] {
+            return std::system ("xdotool click 1") == 0 && window.clicked.wait (1000);
+        }));
+        return true;
+    };
+
+    scriptedServer server;
+    server.reply ("HTTP/1.1 200 OK\r\nContent-Type: a/b\r\nContent-Length: 16665\r\n\r\n");
+    server.waitUntil (click).waitUntil (after (1500));
+
+    for (const auto bytesPerSecond : { 110, 1000, 10000 })
+    {
+        server.waitUntil (click);
+
+        for (int tenth = 0; tenth < 15; ++tenth)
+            server.send (std::string (size_t (bytesPerSecond / 10), 'x')).waitUntil (after (100));
+    }
+
+    CHECK (runDownloads ({ { server.origin(), "amp", "Amp" } })
+           == juce::StringArray{ "Successfully downloaded: Amp" });
+    REQUIRE (answers.size() == 4);
+
+    for (auto& answer : answers)
+        CHECK (answer.get());
 }
 #endif

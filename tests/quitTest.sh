@@ -10,21 +10,14 @@ source "$(dirname "${BASH_SOURCE[0]}")/../scripts/person.sh"
 settings=$(mktemp -d)
 export XDG_CONFIG_HOME=$settings XDG_RUNTIME_DIR=$settings    # where the lock lies, on Linux
 program=
-way=
 trap '[[ -z $program ]] || kill -KILL "$program" 2>/dev/null || true; rm -r "$settings"' EXIT
 
-give_up ()
-{
-  echo "$way: $1" >&2
-  exit 1
-}
-
-# Where there is no installation folder the program starts with a message box.
+give_up () { echo "$way: $1" >&2; exit 1; }
 is_titled () { [[ $(xdotool getactivewindow getwindowname 2>/dev/null) == "$1" ]]; }
 box_is_open () { is_titled "Klangora 4" && box=$(xdotool getactivewindow); }
 window_is_open () { is_titled "Dorvik Rigmart and Licenses" && window=$(xdotool getactivewindow); }
-accept_box () { wait_until "the box is painted" is_still "$box" && press Return; }
 first_is_open () { box_is_open || window_is_open; }
+accept_box () { wait_until "the box is painted" is_still "$box" && press Return; }
 has_ended () { ! kill -0 "$program" 2>/dev/null; }
 
 click_quit () { click_in "$window" 350 -12; }
@@ -35,13 +28,11 @@ close_window () { press alt+F4; }
 for way in click_quit tab_to_quit press_escape close_window; do
   "$@" &
   program=$!
+
+  # Where there is no installation folder the program starts with a message box.
   wait_until "a box or the window" first_is_open
-
-  if box_is_open; then
-    accept_box
-    wait_until "the window" window_is_open
-  fi
-
+  ! box_is_open || accept_box
+  wait_until "the window" window_is_open
   wait_until "the first page" is_still "$window"
   "$way"
   wait_until "the question" box_is_open

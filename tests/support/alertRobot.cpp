@@ -1,4 +1,6 @@
 #include "tests/support/alertRobot.h"
+#include "app/productName.h"
+#include "tests/support/componentText.h"
 #include "ui/messageBox.h"
 #include <catch2/catch.hpp>
 
@@ -19,7 +21,7 @@ alertRobot& alertRobot::answer (const juce::String& button)
 }
 
 /** Without the program's look and feel a box is the framework's, which keeps the text in its description. */
-static juce::String textOf (const juce::AlertWindow& box)
+static juce::String messageOf (const juce::AlertWindow& box)
 {
     const auto* ours = dynamic_cast<const messageBox*> (&box);
     return ours != nullptr ? ours->getText()
@@ -28,8 +30,8 @@ static juce::String textOf (const juce::AlertWindow& box)
 
 void alertRobot::timerCallback()
 {
-    auto* open =
-        dynamic_cast<juce::AlertWindow*> (juce::ModalComponentManager::getInstance()->getModalComponent (0));
+    const auto& manager = *juce::ModalComponentManager::getInstance();
+    auto* open = dynamic_cast<juce::AlertWindow*> (manager.getModalComponent (0));
 
     if (open == nullptr || open == answered)
         return;
@@ -37,14 +39,13 @@ void alertRobot::timerCallback()
     answered = open;
     juce::StringArray buttons;
 
-    for (auto* child : open->getChildren())
-        if (auto* button = dynamic_cast<juce::TextButton*> (child))
-            buttons.add (button->getButtonText());
+    for (auto* button : findAll<juce::TextButton> (*open))
+        buttons.add (textOf (*button));
 
     const auto isQuestion = buttons != juce::StringArray ("Ok");
     const auto choice = isQuestion ? " [" + buttons.joinIntoString ("|") + "]" : juce::String();
-    CHECK (open->getName() == "Klangora 4");
-    shown.add (textOf (*open) + choice);
+    CHECK (open->getName() == productName);
+    shown.add (messageOf (*open) + choice);
     juce::NullCheckedInvocation::invoke (whileOpen);
 
     if (answered == nullptr)

@@ -1,5 +1,5 @@
 #include "tests/support/componentText.h"
-#include "net/storeAddress.h"
+#include "tests/support/expectedText.h"
 
 static juce::String colour (const juce::Component& component, int id)
 {
@@ -11,10 +11,23 @@ static juce::String font (const juce::Font& f)
     return juce::String (f.getHeight(), 1) + (f.isBold() ? " bold" : " plain");
 }
 
-/** A text on one line. The address of the store differs from build to build. */
 static juce::String quoted (const juce::String& text)
 {
-    return "\"" + text.replace (storeAddress(), "STORE").replace ("\n", "\\n") + "\"";
+    return "\"" + plainLine (text) + "\"";
+}
+
+juce::String textOf (const juce::Component& c)
+{
+    if (auto* label = dynamic_cast<const juce::Label*> (&c))
+        return label->getText();
+
+    if (auto* group = dynamic_cast<const juce::GroupComponent*> (&c))
+        return group->getText();
+
+    if (auto* button = dynamic_cast<const juce::Button*> (&c))
+        return button->getButtonText();
+
+    return c.getTitle();
 }
 
 /** What is said of a child of a known kind, whose own children are the framework's; empty for any other. */
@@ -23,7 +36,7 @@ static juce::String describe (const juce::Component& c)
     if (auto* editor = dynamic_cast<const juce::TextEditor*> (&c))
     {
         const auto shownAs = editor->getPasswordCharacter();
-        return "editor " + quoted (editor->getText()) + " for " + quoted (editor->getTitle())
+        return "editor " + quoted (editor->getText()) + " for " + quoted (textOf (c))
                + (shownAs == 0 ? "" : ", shown as " + juce::String::charToString (shownAs)) + ", "
                + font (editor->getFont()) + ", text " + colour (c, juce::TextEditor::textColourId) + " on "
                + colour (c, juce::TextEditor::backgroundColourId) + ", edge "
@@ -31,26 +44,24 @@ static juce::String describe (const juce::Component& c)
     }
 
     if (auto* label = dynamic_cast<const juce::Label*> (&c))
-        return "label " + quoted (label->getText()) + ", " + font (label->getFont()) + ", text "
+        return "label " + quoted (textOf (c)) + ", " + font (label->getFont()) + ", text "
                + colour (c, juce::Label::textColourId) + ", placed "
                + juce::String (label->getJustificationType().getFlags())
                + (label->isEditable() ? ", editable" : "") + ", edited in "
                + colour (c, juce::TextEditor::textColourId) + " on "
                + colour (c, juce::TextEditor::backgroundColourId);
 
-    if (auto* group = dynamic_cast<const juce::GroupComponent*> (&c))
-        return "group " + quoted (group->getText()) + ", text "
-               + colour (c, juce::GroupComponent::textColourId) + ", edge "
-               + colour (c, juce::GroupComponent::outlineColourId);
+    if (dynamic_cast<const juce::GroupComponent*> (&c) != nullptr)
+        return "group " + quoted (textOf (c)) + ", text " + colour (c, juce::GroupComponent::textColourId)
+               + ", edge " + colour (c, juce::GroupComponent::outlineColourId);
 
     if (auto* toggle = dynamic_cast<const juce::ToggleButton*> (&c))
-        return "toggle " + quoted (toggle->getButtonText()) + (toggle->getToggleState() ? ", on" : ", off")
-               + ", text " + colour (c, juce::ToggleButton::textColourId);
+        return "toggle " + quoted (textOf (c)) + (toggle->getToggleState() ? ", on" : ", off") + ", text "
+               + colour (c, juce::ToggleButton::textColourId);
 
-    if (auto* button = dynamic_cast<const juce::TextButton*> (&c))
-        return "button " + quoted (button->getButtonText()) + ", text "
-               + colour (c, juce::TextButton::textColourOnId) + " on "
-               + colour (c, juce::TextButton::buttonColourId);
+    if (dynamic_cast<const juce::TextButton*> (&c) != nullptr)
+        return "button " + quoted (textOf (c)) + ", text " + colour (c, juce::TextButton::textColourOnId)
+               + " on " + colour (c, juce::TextButton::buttonColourId);
 
     return {};
 }
@@ -60,7 +71,7 @@ static void append (juce::String& text, const juce::Component& c, int depth)
     const auto description = describe (c);
     const auto bounds = depth == 0 ? c.getLocalBounds() : c.getBounds();
     text << juce::String::repeatedString ("  ", depth) << bounds.toString() << " "
-         << (description.isNotEmpty() ? description : "component " + quoted (c.getTitle()));
+         << (description.isNotEmpty() ? description : "component " + quoted (textOf (c)));
 
     if (c.getName().isNotEmpty())
         text << ", named " << quoted (c.getName());
@@ -74,7 +85,8 @@ static void append (juce::String& text, const juce::Component& c, int depth)
     else if (c.getWantsKeyboardFocus())
         text << ", focus";
 
-    text << (c.isVisible() ? "" : ", hidden") << (c.isEnabled() ? "" : ", disabled") << "\n";
+    text << (c.isVisible() ? "" : ", hidden") << (c.getAlpha() < 1.0f ? ", faded" : "")
+         << (c.isEnabled() ? "" : ", disabled") << "\n";
 
     if (description.isEmpty())
         for (auto* child : c.getChildren())

@@ -1,6 +1,5 @@
 #include "tests/support/scriptedServer.h"
 #include "net/storeAddress.h"
-#include <algorithm>
 #include <catch2/catch.hpp>
 #include <csignal>
 
@@ -10,11 +9,11 @@
     #include <sys/socket.h>
 #endif
 
-static std::vector<const scriptedServer*> servers; // the living ones
+static const scriptedServer* store; // the oldest living one, or null
 
 juce::String storeAddress()
 {
-    return servers.empty() ? "http://127.0.0.1:1" : servers.front()->origin(); // where nobody listens
+    return store != nullptr ? store->origin() : "http://127.0.0.1:1"; // where nobody listens
 }
 
 //==============================================================================
@@ -52,12 +51,6 @@ std::string okReply (const std::string& body, const std::string& contentType)
     return replyWith ("200 OK", "Content-Type: " + contentType + "\r\n", body);
 }
 
-std::string keptReply (const std::string& body, const std::string& contentType)
-{
-    return "HTTP/1.1 200 OK\r\nContent-Type: " + contentType
-           + "\r\nContent-Length: " + std::to_string (body.size()) + "\r\n\r\n" + body;
-}
-
 //==============================================================================
 /** Appends what comes within a moment; false when the client has hung up. */
 static bool receive (juce::StreamingSocket& socket, std::string& bytes)
@@ -87,7 +80,7 @@ scriptedServer::scriptedServer()
 
     REQUIRE (listener.createListener (0, "127.0.0.1"));
     address = "http://127.0.0.1:" + juce::String (listener.getBoundPort());
-    servers.push_back (this);
+    store = store != nullptr ? store : this;
     thread = std::thread ([this] { run(); });
 }
 
@@ -95,7 +88,7 @@ scriptedServer::~scriptedServer()
 {
     stopping = true;
     thread.join();
-    servers.erase (std::find (servers.begin(), servers.end(), this));
+    store = store != this ? store : nullptr;
     CHECK (received.size() == replies.size());
 }
 
@@ -142,27 +135,6 @@ scriptedServer& scriptedServer::waitUntil (const condition& isOver)
     });
 }
 
-scriptedServer& scriptedServer::trickle (const std::string& bytes, int bytesPerSecond)
-{
-    const auto piece = (size_t) bytesPerSecond / 10;
-
-    for (size_t start = 0; start < bytes.size(); start += piece)
-        send (bytes.substr (start, piece)).pause (100);
-
-    return *this;
-}
-
-scriptedServer& scriptedServer::pause (int milliseconds)
-{
-    return add ([=] {
-        const auto end = juce::Time::getMillisecondCounterHiRes() + milliseconds;
-
-        for (std::string ignored;
-             juce::Time::getMillisecondCounterHiRes() < end && ! stopping && receive (*client, ignored);)
-        {}
-    });
-}
-
 scriptedServer& scriptedServer::keep()
 {
     return add ([this] { isKept = true; });
@@ -198,6 +170,14 @@ bool scriptedServer::waitForRequest()
     return true;
 }
 
+/** Keeps a request, and returns what answers it. */
+scriptedServer::script scriptedServer::replyTo (const recordedRequest& request)
+{
+    const std::lock_guard<std::mutex> guard (lock);
+    received.push_back (request);
+    return received.size() > replies.size() ? script() : replies[received.size() - 1];
+}
+
 void scriptedServer::run()
 {
     while (! stopping)
@@ -206,28 +186,16 @@ void scriptedServer::run()
             continue;
 
         recordedRequest request;
-        auto isOpen = true;
 
-        while (! stopping && ! isComplete (request) && isOpen)
-            isOpen = receive (*client, request.bytes);
+        while (! stopping && ! isComplete (request) && receive (*client, request.bytes))
+        {}
 
         isKept = false;
 
-        if (request.bytes.empty())
-        {
-            client.reset(); // the client had nothing to ask
-            continue;
-        }
-
-        std::unique_lock<std::mutex> guard (lock);
-        received.push_back (request);
-        const auto number = received.size();
-        const auto todo = number > replies.size() ? script() : std::move (replies[number - 1]);
-        guard.unlock();
-
-        for (auto& step : todo)
-            if (! stopping)
-                step();
+        if (! request.bytes.empty()) // else the client had nothing to ask
+            for (auto& step : replyTo (request))
+                if (! stopping)
+                    step();
 
         if (! isKept)
             client.reset();

@@ -31,7 +31,7 @@ struct recordedRequest
         server.reply (okReply ("<a/>"));
         server.reply ("HTTP/1.1 200 OK\r\n").send ("Content-Length: 9\r\n\r\nhalf").reset();
 
-    storeAddress() is the origin of the oldest one that lives. */
+    storeAddress() is the origin of one that was made while there was no other. */
 class scriptedServer
 {
 public:
@@ -55,12 +55,6 @@ public:
     /** Silence until this holds or the client hangs up; without a condition, until then. */
     scriptedServer& waitUntil (const condition& = [] { return false; });
 
-    /** These bytes, in pieces of 100 ms each, at this speed. */
-    scriptedServer& trickle (const std::string& bytes, int bytesPerSecond);
-
-    /** Silence for so long, or until the client hangs up. */
-    scriptedServer& pause (int milliseconds);
-
     /** The connection ends torn down (RST) instead of closed (FIN). */
     scriptedServer& reset();
 
@@ -78,6 +72,7 @@ private:
 
     void run();
     bool waitForRequest();
+    script replyTo (const recordedRequest& request);
     scriptedServer& add (const script::value_type&);
 
     juce::StreamingSocket listener;
@@ -102,6 +97,3 @@ std::string replyWith (const std::string& status, const std::string& headers, co
 
 /** A well-formed "200 OK" that ends the connection. */
 std::string okReply (const std::string& body, const std::string& contentType = "text/xml");
-
-/** The same as an item on a connection that is kept. */
-std::string keptReply (const std::string& body, const std::string& contentType = "application/octet-stream");

@@ -1,6 +1,20 @@
 #include "tests/support/temporaryInstallation.h"
 #include "app/installationPaths.h"
 #include <catch2/catch.hpp>
+#include <new>
+
+void forgetInstallation()
+{
+    installationFolder.clear();
+    registryKeyPath.clear();
+    guiDataSource = nullptr;
+
+    // A reader is opened once in its life, and these live as long as the process.
+    std::destroy_at (&guiFolderSource);
+    std::destroy_at (&guiArchiveSource);
+    new (&guiFolderSource) jSimpleArchiveDirectory();
+    new (&guiArchiveSource) jSimpleArchive();
+}
 
 temporaryInstallation::temporaryInstallation()
     : folder (juce::File::createTempFile ("rigmart-install"))

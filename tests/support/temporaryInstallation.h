@@ -2,6 +2,9 @@
 
 #include <juce_core/juce_core.h>
 
+/** Puts the program-wide paths and readers back into the state in which the program starts. */
+void forgetInstallation();
+
 /** A fresh, empty installation folder that `installationFolder` names while this lives; removed with all that
     is in it. */
 class temporaryInstallation
