@@ -6,7 +6,7 @@
 #   ./test.sh --asan      Linux, with the address and undefined-behaviour sanitizers
 #   ./test.sh --fuzz N    each fuzzer for N seconds
 #   ./test.sh --lint      formatting and static analysis
-#   ./test.sh --tours     the tours of ./run.sh, on both platforms
+#   ./test.sh --tours     the tours of ./run.sh on both platforms; sessions by keyboard alone on Linux
 #   ./test.sh --package   makes what ./package.sh makes, checks it, installs, starts and removes it
 #   ./test.sh --all       all of these, the Linux tests first, the fuzzers for 30 seconds each
 set -euo pipefail
@@ -30,12 +30,12 @@ while (($# > 0)); do
     --linux | --asan) presets+=("${1#--}") ;;
     --windows) presets+=(windows); groups+=(windows wine) ;;
     --fuzz) fuzz_seconds=${2:?how many seconds?}; groups+=(fuzz); shift ;;
-    --lint) lint=yes; groups+=(tools) ;;
+    --lint) lint=yes; groups+=(tools bench) ;;
     --tours) tours=yes; groups+=(windows wine) ;;
     --package) package=yes; groups+=(windows wine package package-windows package-check) ;;
     --all)
       presets=(linux asan windows); fuzz_seconds=30; lint=yes; tours=yes; package=yes
-      groups+=(windows wine fuzz tools package package-windows package-check) ;;
+      groups+=(windows wine fuzz tools bench package package-windows package-check) ;;
     -h | --help) usage; exit 0 ;;
     *) usage >&2; exit 2 ;;
   esac
@@ -46,56 +46,89 @@ scripts/packages.sh "${groups[@]}"
 
 # shellcheck source=scripts/display.sh
 source scripts/display.sh
-trap stop_display EXIT
+
+logs=$(mktemp -d)
+builder=
+clean_up ()
+{
+  [[ -z $builder ]] || kill -- "-$builder" 2>/dev/null || true
+  stop_display
+  rm -rf "$logs"
+}
+trap clean_up EXIT
 start_display
 
-test_preset ()
-{
-  if [[ $1 == windows ]]; then
-    scripts/windows-libs.sh build
-    scripts/wine-prefix.sh
-  fi
+# What keeps the processor busy. The Linux tests fail most often and come first, and so does what the rest builds on.
+jobs=()
+for preset in linux asan windows; do
+  [[ " ${presets[*]} " != *" $preset "* ]] || jobs+=("$preset")
+done
+[[ -z $lint ]] || jobs+=(lint)
+((fuzz_seconds == 0)) || jobs+=(fuzz)
 
-  cmake --preset "$1"
-  cmake --build --preset "$1"
-  ctest --preset "$1"
+run_job ()
+{
+  case $1 in
+    lint) scripts/lint.sh ;;
+    windows) scripts/windows-libs.sh build && cmake --preset windows && cmake --build --preset windows ;;
+    *) cmake --preset "$1" && cmake --build --preset "$1" ;;
+  esac
 }
 
-# What fails most often comes first, and so does what the rest builds on.
-if [[ " ${presets[*]} " == *" linux "* ]]; then
-  test_preset linux
+# One job after the other, at the lowest priority. Says of each how it ended.
+run_jobs ()
+{
+  local job code
+  renice --priority 19 --pid "$BASHPID" >/dev/null
+  for job in "$@"; do
+    SECONDS=0 code=0
+    run_job "$job" &>"$logs/$job" || code=$?
+    echo "$job: $SECONDS s, in the background" >>"$logs/$job"
+    echo "$code" >"$logs/code"
+    mv "$logs/code" "$logs/$job.code"
+  done
+}
+
+await_job ()
+{
+  [[ $1 != "${jobs[0]}" ]] || return 0
+  until [[ -e $logs/$1.code ]]; do
+    kill -0 "$builder" || exit 1
+    sleep 0.2
+  done
+  if (($(<"$logs/$1.code") != 0)); then
+    tail -n 100 "$logs/$1"
+    exit 1
+  fi
+  tail -n 1 "$logs/$1"
+}
+
+# The first job is waited for. The others run behind the tests of what is there already, which mostly wait.
+if ((${#jobs[@]} > 0)); then
+  run_job "${jobs[0]}"
+  set -m    # a process group of its own, to be ended as a whole
+  run_jobs "${jobs[@]:1}" &
+  builder=$!
+  set +m
 fi
 
-if [[ $lint ]]; then
-  cmake --preset linux
-  cmake --build --preset linux    # for the generated sources, and the analysis wants code that compiles
-  scripts/lint.sh
-fi
-
-for preset in "${presets[@]}"; do
-  [[ $preset == linux ]] || test_preset "$preset"
+for job in "${jobs[@]}"; do
+  await_job "$job"
+  case $job in
+    windows)
+      scripts/wine-prefix.sh
+      ctest --preset windows ;;
+    linux | asan) ctest --preset "$job" ;;
+    fuzz)
+      printf '%s\0' build/fuzz/bin/*Fuzzer |
+        xargs --null --max-args=1 --max-procs="$(nproc)" scripts/fuzz.sh "$fuzz_seconds" ;;
+  esac
 done
 
 if [[ $tours ]]; then
   ./run.sh --tour
   ./run.sh --tour --windows
-fi
-
-if ((fuzz_seconds > 0)); then
-  cmake --preset fuzz
-  cmake --build --preset fuzz
-
-  for fuzzer in build/fuzz/bin/*Fuzzer; do
-    name=$(basename "${fuzzer%Fuzzer}")
-    echo "Fuzzing: $name, $fuzz_seconds s"
-    mkdir -p "build/fuzz/corpus/$name"
-    "$fuzzer" -max_total_time="$fuzz_seconds" -print_final_stats=1 -artifact_prefix="build/fuzz/$name-" \
-      "build/fuzz/corpus/$name" "fuzz/corpus/$name" >"build/fuzz/$name.log" 2>&1 || {
-      tail -n 60 "build/fuzz/$name.log"
-      exit 1
-    }
-    grep number_of_executed_units "build/fuzz/$name.log"
-  done
+  scripts/keyboard-session.sh linux
 fi
 
 if [[ $package ]]; then

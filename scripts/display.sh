@@ -1,7 +1,8 @@
 # shellcheck shell=bash
 # To be sourced: a virtual display with a window manager, for programs that open windows.
 #
-#   start_display    starts both and exports DISPLAY
+#   start_display    starts both and exports DISPLAY; $screen_size is 1280x1024 unless it is set, and
+#                    $window_manager is openbox, or else i3 or none
 #   stop_display     ends exactly these two; harmless when nothing runs, so fit for an EXIT trap
 
 # Succeeds as soon as COMMAND does; fails once process PID has ended or 30 s have passed.
@@ -33,6 +34,7 @@ _display_failed ()
 
 start_display ()
 {
+  local screen=${screen_size:-1280x1024} manager=${window_manager:-openbox} command
   _display_dir=$(mktemp -d)
   _display_pids=()
 
@@ -65,18 +67,25 @@ XML
   # when its last window closes: atoms would vanish under a running program. The parent-death signal
   # ends both processes even when this shell is killed before its trap can run.
   : >"$_display_dir/number"
-  setpriv --pdeathsig TERM Xvfb -displayfd 3 -screen 0 1280x1024x24 -noreset \
+  setpriv --pdeathsig TERM Xvfb -displayfd 3 -screen 0 "${screen}x24" -noreset \
     3>"$_display_dir/number" </dev/null &>>"$_display_dir/log" &
   _display_pids=($!)
   _display_until $! grep -q . "$_display_dir/number" || _display_failed "no display" || return 1
   DISPLAY=:$(<"$_display_dir/number")
   export DISPLAY
 
-  XDG_CACHE_HOME=$_display_dir XDG_CONFIG_HOME=$_display_dir XDG_DATA_HOME=$_display_dir \
-    setpriv --pdeathsig TERM openbox --sm-disable --config-file "$_display_dir/rc.xml" \
-    </dev/null &>>"$_display_dir/log" &
-  _display_pids=($! "${_display_pids[@]}")
-  _display_until $! _display_is_managed || _display_failed "no window manager" || return 1
+  case $manager in
+    openbox) command=(openbox --sm-disable --config-file "$_display_dir/rc.xml") ;;
+    i3) echo 'font pango:monospace 8' >"$_display_dir/i3"; command=(i3 -c "$_display_dir/i3") ;;
+    none) command=() ;;
+  esac
+
+  if ((${#command[@]} > 0)); then
+    XDG_CACHE_HOME=$_display_dir XDG_CONFIG_HOME=$_display_dir XDG_DATA_HOME=$_display_dir \
+      setpriv --pdeathsig TERM "${command[@]}" </dev/null &>>"$_display_dir/log" &
+    _display_pids=($! "${_display_pids[@]}")
+    _display_until $! _display_is_managed || _display_failed "no window manager" || return 1
+  fi
 
   # What is tested on this display talks to servers on this machine only: never through a proxy.
   export no_proxy="localhost,127.0.0.1,::1${no_proxy:+,$no_proxy}"

@@ -12,6 +12,10 @@ work=$build/library-sources.work
 log=$build/library-sources.log
 key=$(sha256sum <"${BASH_SOURCE[0]}")
 
+# A build and a test may ask for them at the same time.
+exec 9>"$build/library-sources.lock"
+flock 9
+
 if [[ -f $sources/stamp && $(cat "$sources/stamp") == "$key" ]]; then
   exit 0
 fi

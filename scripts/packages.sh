@@ -12,6 +12,7 @@ group_packages ()
         libcurl4-openssl-dev libfreetype-dev libjpeg-dev libpng-dev zlib1g-dev \
         libx11-dev libxcursor-dev libxext-dev libxinerama-dev libxrandr-dev ;;
     test) echo xvfb openbox xdotool x11-utils imagemagick fonts-dejavu-core openssl dpkg-dev ;;
+    pictures) echo i3-wm ;;
     # The posix flavour of the compiler is the one that has std::mutex.
     windows)
       echo g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64 libz-mingw-w64-dev \
@@ -24,7 +25,7 @@ group_packages ()
     package-check) echo appstream desktop-file-utils lintian man-db mmdebstrap openssl unzip jq ;;
     artwork) echo librsvg2-bin imagemagick ;;
     sandbox) echo libcli11-dev libcpp-httplib-dev libssl-dev ;;
-    bench) echo libbenchmark-dev libssl-dev libzip-dev libphysfs-dev libpugixml-dev curl ;;
+    bench) echo libcli11-dev libcpp-httplib-dev libssl-dev libzip-dev libpugixml-dev curl openssl ;;
     *)
       echo "packages.sh: no group '$1'" >&2
       return 1 ;;

@@ -38,10 +38,11 @@ has_focus ()
   [[ $(xdotool getactivewindow 2>/dev/null) == "$1" ]]
 }
 
-# look_at WINDOW [AREA]: prints a fingerprint of the picture; AREA as in 100x20+30+40
+# look_at WINDOW [AREA]: prints a fingerprint of the picture; AREA as in 100x20+30+40. A window that has just closed
+# makes "import" wait for a click.
 look_at ()
 {
-  import -silent -window "$1" ${2:+-crop "$2"} rgb:- 2>/dev/null | sha256sum
+  timeout 5 import -silent -window "$1" ${2:+-crop "$2"} rgb:- 2>/dev/null | sha256sum
 }
 
 looks_like ()

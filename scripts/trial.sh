@@ -5,6 +5,7 @@
 #
 #   set_up_trial PLATFORM STORE_OPTIONS...   builds, starts the store, prepares the installation
 #   start_client PLATFORM                    sets $client_pid
+#   another_store OPTIONS...                 at the same address, in place of the one that runs
 #   end_trial                                ends what was started, and nothing else; fit for an EXIT trap
 
 product="Klangora 4"
@@ -27,6 +28,7 @@ set_up_trial ()
 
   cmake --preset linux >/dev/null
   cmake --build --preset linux --target sandboxStore
+  rm -f "$store_log"
   _start_store "$@"
 
   # Only one source file knows the store's address, so another one costs a moment.
@@ -35,18 +37,25 @@ set_up_trial ()
   _prepare_installation "$platform"
 }
 
-# On any free port.
+# On any free port, or on that of the store before.
 _start_store ()
 {
-  local output
-  rm -f "$store_log"
-  exec {output}< <(exec setpriv --pdeathsig TERM build/linux/bin/sandboxStore --log "$store_log" "$@")
+  local output port=${store_address##*:}
+  exec {output}< <(exec setpriv --pdeathsig TERM build/linux/bin/sandboxStore --log "$store_log" \
+    ${port:+--port "$port"} "$@")
   store_pid=$!
 
   if ! read -r -t 30 -u "$output" store_address; then
     echo "The store did not start." >&2
     return 1
   fi
+}
+
+another_store ()
+{
+  kill "$store_pid"
+  wait "$store_pid" || true
+  _start_store "$@"
 }
 
 _prepare_installation ()

@@ -163,12 +163,12 @@ expect "The upgrade did not end with 0." wine_run "$installer" /S
 expect "The upgrade left an older file." diff -r --exclude=Uninstall.exe "$unpacked" "$folder"
 echo mine >"$folder/mine.txt"
 
-is_removed () { [[ ! -e $folder/Uninstall.exe && ! -e $folder/DorvikRigmart.exe ]]; }
+# The uninstaller that one calls goes on as a copy of itself. The entry in the list is the last that it takes away.
+is_unlisted () { [[ $(exit_code is_registered "$key") == 1 ]]; }
 wine_run "$folder/Uninstall.exe" /S
-wait_until "the removal" is_removed
+wait_until "the removal from the list of installed programs" is_unlisted
 expect "The uninstaller left something, or took what is not its own." test "$(ls "$folder")" == mine.txt
 expect "The Start menu entry is still there." test ! -e "$menu"
-expect "The program is still listed." test 1 == "$(exit_code is_registered "$key")"
 expect "The user's content is gone." test "$(cat "$drive/Klangora/amp.sa")" == content
 expect "The remembered login is gone." test "$(cat "$drive/Klangora/rememberme.txt")" == login
 expect "The product's registry entry is gone." is_registered "$product"
