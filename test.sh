@@ -6,7 +6,7 @@
 #   ./test.sh --asan      Linux, with the address and undefined-behaviour sanitizers
 #   ./test.sh --fuzz N    each fuzzer for N seconds
 #   ./test.sh --lint      formatting and static analysis
-#   ./test.sh --tours     the tours of ./run.sh on both platforms; sessions by keyboard alone on Linux
+#   ./test.sh --tours     the tours of ./run.sh on both platforms; sessions by keyboard alone
 #   ./test.sh --package   makes what ./package.sh makes, checks it, installs, starts and removes it
 #   ./test.sh --all       all of these, the Linux tests first, the fuzzers for 30 seconds each
 set -euo pipefail
@@ -129,6 +129,7 @@ if [[ $tours ]]; then
   ./run.sh --tour
   ./run.sh --tour --windows
   scripts/keyboard-session.sh linux
+  scripts/keyboard-session.sh windows
 fi
 
 if [[ $package ]]; then

@@ -50,9 +50,8 @@ sandboxStore::sandboxStore (settings wanted, std::vector<sandboxItem> offered, l
         sendItem (request, response);
     });
 
-    server->set_pre_routing_handler ([this] (const httplib::Request&, httplib::Response&) {
+    server->set_post_routing_handler ([this] (const httplib::Request&, httplib::Response&) {
         std::this_thread::sleep_for (std::chrono::milliseconds (options.delayMs));
-        return httplib::Server::HandlerResponse::Unhandled;
     });
 }
 

@@ -17,7 +17,7 @@ public:
         std::string address = "127.0.0.1"; /**< Interface to listen on. */
         int port = 0;                      /**< 0: any free one. */
         std::string certificate, key;      /**< PEM files; both given: HTTPS. */
-        int delayMs = 0;                   /**< Waited before every reply. */
+        int delayMs = 0;                   /**< Waited before every reply, after it is logged. */
         size_t bytesPerSecond = 0;         /**< Of an item's body; 0: as fast as it goes. */
     };
 

@@ -104,14 +104,14 @@ go_to_the_account_page ()
   wait_until "the page has faded in" is_still "$main" "$sign"
 }
 
-# log_on_and_press KEYS...: Return logs on, and the keys follow while the program waits for the store, which the
-# button shows
+# log_on_and_press OUTCOME KEYS...: Return logs on, and the keys follow while the program waits for the reply of a
+# slow store
 log_on_and_press ()
 {
-  local before
-  before=$(look_at "$main" "$authenticate_button")
+  local outcome=$1
+  shift
   press Return
-  wait_until "the program waits for the store" looks_different "$before" "$main" "$authenticate_button"
+  wait_until "the store has the request" last_request_was "$outcome"
   xdotool key "$@"
 }
 
@@ -200,23 +200,25 @@ second_session ()
 # A store that takes its time and has nothing to offer. What is pressed meanwhile is for nobody.
 third_session ()
 {
+  local waiting
   open_the_program
   go_to_the_account_page
   type_text "$mail"
   press Return
   type_text "${password}x"
-  log_on_and_press Return Escape Return space Tab
+  log_on_and_press "refused $mail" Return Escape Return space Tab
   says wrong-password Return
   wait_until "the window has the keyboard again" has_focus "$main"
   press BackSpace
-  log_on_and_press Escape Return
-  wait_until "the store knows the account" last_request_was "logged on $mail"
+  log_on_and_press "logged on $mail" Escape Return
   wait_until "the page has faded in" is_still "$main" "$sign"
   picture nothing-asked-for
 
   press Return
-  xdotool key Escape Return space
   wait_until "the store has listed nothing" last_request_was "listed 0 items for $mail"
+  xdotool key Escape Return space
+  waiting=$(look_at "$main" "$page")
+  wait_until "the program has the reply" looks_different "$waiting" "$main" "$page"
   wait_until "the window is still" is_still "$main" "$page"
   picture nothing-on-offer
   escape_and_back
