@@ -3,7 +3,8 @@
 #include "base/validText.h"
 
 static constexpr double tickMs = 40.0;
-static constexpr int waitMs = 5; // for a line that is slower than a tick
+static constexpr int waitMs = 5;         // for a line that is slower than a tick
+static constexpr int plenty = 64 * 1024; // more than comes while a slow line is waited for
 
 itemDownload::itemDownload (std::unique_ptr<juce::WebInputStream> bodyToReceive, int announcedSize)
     : body (std::move (bodyToReceive)),
@@ -22,8 +23,8 @@ bool itemDownload::receive()
     {
         const auto space = received.makeSpace();
 
-        if (space.size > 0)
-            received.add (body->readSome (space.start, space.size, waitMs));
+        const auto count = space.size > 0 ? body->readSome (space.start, space.size, waitMs) : 0;
+        received.add (count);
 
         // With the announced size there, the end of the stream is not waited for: it may come much later.
         if (space.size == 0 || received.getSize() >= expected || body->isExhausted())
@@ -32,8 +33,8 @@ bool itemDownload::receive()
             return false;
         }
 
-        // Whoever had to be waited for has nothing more just now.
-        if (std::exchange (now, juce::Time::getMillisecondCounterHiRes()) + waitMs < now)
+        // Whoever had to be waited for has nothing more just now. Plenty takes its time, too.
+        if (std::exchange (now, juce::Time::getMillisecondCounterHiRes()) + waitMs < now && count < plenty)
             break;
     }
 

@@ -1,5 +1,23 @@
 #include "content/receiveBuffer.h"
 
+#if JUCE_LINUX
+    #include <sys/mman.h>
+    #include <unistd.h>
+#endif
+
+/** Asks the system for large pages: it hands out memory page by page, at the first use of each, which for small ones
+    takes about as long as the line needs for their bytes. */
+static void wantLargePages (char* start, size_t size)
+{
+#if JUCE_LINUX
+    const auto page = (size_t) sysconf (_SC_PAGESIZE);
+    const auto inside = (page - reinterpret_cast<size_t> (start) % page) % page;
+    madvise (start + inside, size - inside, MADV_HUGEPAGE);
+#else
+    juce::ignoreUnused (start, size);
+#endif
+}
+
 receiveBuffer::space receiveBuffer::makeSpace()
 {
     static constexpr size_t largest = 1 << 30;
@@ -12,6 +30,7 @@ receiveBuffer::space receiveBuffer::makeSpace()
         if (chunk == nullptr)
             return { nullptr, 0 };
 
+        wantLargePages (chunk, chunkSize);
         chunks.push_back (std::move (chunk));
     }
 
