@@ -74,3 +74,22 @@ void fillImage (juce::Image& image, juce::Colour colour)
 {
     fillImage (image, colour, image.getBounds());
 }
+
+bool isSolid (const juce::Image& image)
+{
+    if (image.getFormat() != juce::Image::ARGB)
+        return false;
+
+    const juce::Image::BitmapData pixels (image, juce::Image::BitmapData::readOnly);
+    const auto hidesWhatIsBelow = [] (juce::PixelARGB pixel) { return pixel.getAlpha() == 255; };
+
+    for (int y = 0; y < pixels.height; ++y)
+    {
+        const auto* row = reinterpret_cast<const juce::PixelARGB*> (pixels.getLinePointer (y));
+
+        if (! std::all_of (row, row + pixels.width, hidesWhatIsBelow))
+            return false;
+    }
+
+    return true;
+}

@@ -19,3 +19,6 @@ void fillImage (juce::Image& image, juce::Colour colour, juce::Rectangle<int> ar
 
 /** Replaces every pixel of an image, alpha included. */
 void fillImage (juce::Image& image, juce::Colour colour);
+
+/** Whether nothing can be seen through an image: not so of a null image or one of another pixel format. */
+bool isSolid (const juce::Image& image);

@@ -83,16 +83,35 @@ void jInvisibleComponent::compose (float scale)
     composed = juce::Image (juce::Image::ARGB, bounds.getWidth(), bounds.getHeight(), true);
     composedScale = scale;
 
-    if (tintLayer.getBounds() != bounds)
-        tintLayer = juce::Image (juce::Image::ARGB, bounds.getWidth(), bounds.getHeight(), true);
-
-    fillImage (tintLayer, tintColour);
-    combineOver (composed, tintLayer);
-
     shadowed = childrenUnion (*this, false).expanded (1);
+    renderBackground (shadowed);
 
     juce::Graphics g (composed);
     g.addTransform (juce::AffineTransform::scale (scale));
+
+    // Most of the work, and nothing of it would show below a dialog that fills its window with a solid skin.
+    if (! shadowed.contains (getLocalBounds()) || ! isSolid (background))
+    {
+        composeSurroundings (g);
+        renderBackground (shadowed);
+    }
+
+    g.setOpacity (1.0f);
+    g.drawImageAt (background, shadowed.getX(), shadowed.getY());
+
+    g.setColour (innerFrame);
+    g.drawRect (shadowed);
+    g.setColour (outerFrame);
+    g.drawRect (shadowed.expanded (1));
+}
+
+void jInvisibleComponent::composeSurroundings (juce::Graphics& g)
+{
+    if (tintLayer.getBounds() != composed.getBounds())
+        tintLayer = juce::Image (juce::Image::ARGB, composed.getWidth(), composed.getHeight(), true);
+
+    fillImage (tintLayer, tintColour);
+    combineOver (composed, tintLayer);
 
     if (ownWindow && ! shadowed.contains (getLocalBounds())) // a window manager made the window larger
     {
@@ -103,15 +122,6 @@ void jInvisibleComponent::compose (float scale)
     juce::Path outline;
     outline.addRectangle (shadowed);
     juce::DropShadow (shadowColour, shadowRadius, { 0, shadowDrop }).drawForPath (g, outline);
-
-    renderBackground (shadowed);
-    g.setOpacity (1.0f);
-    g.drawImageAt (background, shadowed.getX(), shadowed.getY());
-
-    g.setColour (innerFrame);
-    g.drawRect (shadowed);
-    g.setColour (outerFrame);
-    g.drawRect (shadowed.expanded (1));
 }
 
 void jInvisibleComponent::renderBackground (juce::Rectangle<int> area)

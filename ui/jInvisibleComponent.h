@@ -49,6 +49,7 @@ private:
     void componentBeingDeleted (juce::Component&) override;
     juce::Rectangle<int> pictureBounds (float scale) const;
     void compose (float scale);
+    void composeSurroundings (juce::Graphics&);
     void renderBackground (juce::Rectangle<int> area);
     void dropPictures();
     void centreDialog();
