@@ -35,7 +35,7 @@ static bool readWithPugixml (const juce::String& text)
     };
 
     pugi::xml_document document;
-    document.load_buffer (text.toRawUTF8(), text.getNumBytesAsUTF8());
+    document.load_string (text.toRawUTF8());
     std::vector<item> read;
 
     for (const auto element : document.child ("reply").children ("downloadable"))
