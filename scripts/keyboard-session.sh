@@ -210,8 +210,7 @@ third_session ()
   says wrong-password Return
   wait_until "the window has the keyboard again" has_focus "$main"
   press BackSpace
-  log_on_and_press "logged on $mail" Escape Return
-  wait_until "the page has faded in" is_still "$main" "$sign"
+  turn_page log_on_and_press "logged on $mail" Escape Return
   picture nothing-asked-for
 
   press Return
