@@ -1,18 +1,18 @@
-// Paints every widget of the look and feel in its states, the message boxes, and the pages into pictures to look at:
-//
-//     gallery FOLDER_OF_INTERFACE_PICTURES OUTPUT_FOLDER
-//
-// writes gallery-100.png, welcome-100.png, account-100.png and downloads-100.png, and the same at 125, 150 and 200
-// percent of the screen's scale. It needs a display, because a component that has the keyboard focus lies in a window.
+// Paints every widget of the look and feel in its states, the message boxes, and the pages into pictures to look at, at
+// each of some scales of the screen: see --help. It needs a display, because a component that has the keyboard focus
+// lies in a window.
 
 #include "app/installationPaths.h"
 #include "app/productName.h"
 #include "content/store_downloads.h"
+#include "net/storeAddress.h"
 #include "net/store_auth.h"
+#include "sandbox/plainLetters.h"
 #include "store/jStoreDialog.h"
 #include "store/showAttention.h"
 #include "ui/jpseudomodaldialog.h"
 #include "ui/lookAndFeelKlangora.h"
+#include <CLI/CLI.hpp>
 #include <iostream>
 
 using look = juce::LookAndFeel;
@@ -429,6 +429,12 @@ static juce::Image paintAll (sheet& widgets, const juce::OwnedArray<juce::AlertW
 void showAttention (const juce::String&)
 {}
 
+/** The same wherever this is built. */
+juce::String storeAddress()
+{
+    return "https://store.dorvik.example";
+}
+
 static void write (const juce::Image& picture, const juce::File& folder, const juce::String& name,
                    int percent)
 {
@@ -443,14 +449,14 @@ static void write (const juce::Image& picture, const juce::File& folder, const j
     }
 }
 
-static constexpr int scales[] = { 100, 125, 150, 200 }; // percent
-
 /** The window with each of its pages, which ask this for what the store would tell. */
 class pagesInWindow : private genericlistener
 {
 public:
-    explicit pagesInWindow (const juce::File& outputFolder)
-        : output (outputFolder)
+    /** Scales are in percent. */
+    pagesInWindow (const juce::File& outputFolder, std::vector<int> scalesOfScreen)
+        : output (outputFolder),
+          scales (std::move (scalesOfScreen))
     {
         current.getChildFile ("current").createDirectory();
         current.getChildFile ("current/buildnumber.txt").replaceWithText ("1");
@@ -524,36 +530,54 @@ private:
     }
 
     const juce::File output;
+    const std::vector<int> scales;
     const juce::File current = juce::File::createTempFile ("gallery");
     jStoreDialog& dialog = *new jStoreDialog (nullptr);
 };
 
+// NOLINTNEXTLINE(bugprone-exception-escape): a wrong description of the options is a fault of this file
 int main (int argc, char* argv[])
 {
-    if (argc != 3)
-    {
-        std::cerr << "usage: gallery FOLDER_OF_INTERFACE_PICTURES OUTPUT_FOLDER" << std::endl;
-        return 2;
-    }
+    std::string interfacePictures, pictures;
+    std::vector<int> scales{ 100, 125, 150, 200 };
+    auto plain = false;
 
-    const auto here = juce::File::getCurrentWorkingDirectory();
+    CLI::App line ("Paints the widgets, message boxes and pages for looking at.");
+    line.add_option ("INTERFACE", interfacePictures, "Folder of the product's interface pictures")
+        ->required();
+    line.add_option ("OUTPUT", pictures, "Folder for what is painted")
+        ->required()
+        ->check (CLI::ExistingDirectory);
+    line.add_option ("--scale", scales, "Scales of the screen in percent")->capture_default_str();
+    line.add_flag ("--plain", plain, "For comparing: with bars for letters, and nothing that blinks");
+    CLI11_PARSE (line, argc, argv);
+
+    const auto folder = [] (const std::string& path) {
+        return juce::File::getCurrentWorkingDirectory().getChildFile (juce::String::fromUTF8 (path.c_str()));
+    };
     juce::JUCEApplicationBase::createInstance = []() -> juce::JUCEApplicationBase* { return nullptr; };
     const juce::ScopedJuceInitialiser_GUI framework;
 
-    guiFolderSource.open (here.getChildFile (argv[1]).getFullPathName());
+    guiFolderSource.open (folder (interfacePictures).getFullPathName());
     guiDataSource = &guiFolderSource;
     lookAndFeelKlangora::install();
+
+    if (plain)
+    {
+        auto& installed = juce::LookAndFeel::getDefaultLookAndFeel();
+        installed.setDefaultSansSerifTypeface (new plainLetters());
+        installed.setColour (juce::CaretComponent::caretColourId, juce::Colours::transparentBlack);
+    }
 
     sheet widgets;
     widgets.addToDesktop (0);
     widgets.setVisible (true);
     const auto boxes = messageBoxes();
-
-    const auto output = here.getChildFile (argv[2]);
+    const auto output = folder (pictures);
 
     for (auto percent : scales)
         write (paintAll (widgets, boxes, (float) percent / 100.0f), output, "gallery", percent);
 
-    pagesInWindow (output).writeAll();
+    pagesInWindow (output, scales).writeAll();
     return 0;
 }

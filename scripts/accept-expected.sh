@@ -6,7 +6,9 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 shopt -s nullglob
-found=("build/${1:-linux}/found"/*.txt)
+folder=build/${1:-linux}/found
+rm -f "$folder"/*-difference.png
+found=("$folder"/*.{txt,png})
 ((${#found[@]})) || { echo "Nothing differs."; exit; }
 mv --verbose "${found[@]}" tests/expected/
 git --no-pager diff --stat -- tests/expected
