@@ -1,12 +1,5 @@
-#include "app/installationPaths.h"
-#include "net/acceptableAddress.h"
 #include "net/store_auth.h"
-#include "tests/support/componentText.h"
-#include "tests/support/dataTable.h"
-#include "tests/support/mouse.h"
 #include "tests/support/script.h"
-#include "tests/support/temporaryInstallation.h"
-#include "tests/support/waiting.h"
 #include "ui/capsLock.h"
 #include "ui/linkLabel.h"
 #include "ui/openInBrowser.h"
@@ -31,7 +24,6 @@ namespace
 /** The page on the screen, where it can hand the focus on. */
 struct accountPage : scene
 {
-    temporaryInstallation installation;
     juce::var answer;
     bool goesWhenAsking = false;
     std::unique_ptr<store_auth> page;
@@ -41,7 +33,6 @@ struct accountPage : scene
         opened.clear();
         capsLock = false;
         acts["open"] = [this] (auto&) { open(); };
-        acts["a login is remembered"] = [this] (auto&) { writeLogin(); };
         acts["the answer will be"] = [this] (auto& a) { answer = juce::JSON::fromString (a[0]); };
         acts["the page goes when it asks"] = [this] (auto&) { goesWhenAsking = true; };
         acts["the page goes while a box is open"] = [this] (auto&) {
@@ -50,10 +41,15 @@ struct accountPage : scene
         acts["press"] = [this] (auto& a) { find<juce::Button> (*page, a[0]).triggerClick(); };
         acts["type"] = [this] (auto& a) { type (field (a[0]), a[1]); };
         acts["paste"] = [this] (auto& a) { paste (field (a[0]), juce::JSON::fromString (a[1])); };
-        acts["return"] = [this] (auto& a) { pressKey (field (a[0]), juce::KeyPress::returnKey); };
+        acts["return"] = [this] (auto& a) {
+            field (a[0]).keyPressed (juce::KeyPress (juce::KeyPress::returnKey));
+        };
         acts["focus"] = [this] (auto& a) { focus (field (a[0])); };
-        acts["Caps Lock"] = [this] (auto&) { pressCapsLock(); };
-        acts["point at the hint"] = [this] (auto& a) { pointAtHint (placeInHint (a[0])); };
+        acts["Caps Lock"] = [this] (auto&) {
+            capsLock = true;
+            waitFor ("the hint", [this] { return capsLockHint().isNotEmpty(); });
+        };
+        acts["point at the hint"] = [this] (auto& a) { mouse (hint(), placeInHint (a[0]), 12); };
         acts["click the hint"] = [this] (auto& a) { click (hint(), placeInHint (a[0]), 12); };
         acts["right click the hint"] = [this] (auto& a) { openMenu (hint(), placeInHint (a[0])); };
         acts["right click"] = [this] (auto& a) { openMenu (field (a[0]), 20); };
@@ -63,14 +59,9 @@ struct accountPage : scene
 
     void open()
     {
-        page = std::make_unique<store_auth> (owner, installationFolder);
+        page = std::make_unique<store_auth> (owner, installation.path);
         page->addToDesktop (0);
         page->setVisible (true);
-    }
-
-    void writeLogin() const
-    {
-        installation.write ("rememberme.txt", "16.VBCyImenEXYEEhUHdWTFNB\n16.HBy6dSNsNccdfamSrJRFNB\n");
     }
 
     /** Notes what is the case meanwhile, and forgets the login to see whether it is remembered once more. */
@@ -78,7 +69,8 @@ struct accountPage : scene
     {
         for (auto* button : findAll<juce::TextButton> (*page))
             if (button->isDown())
-                events.add (request + " while " + textOf (*button) + " is down and " + remembered());
+                events.add (request + " while " + textOf (*button) + " is down, "
+                            + scene::look().joinIntoString (", "));
 
         installation.folder.getChildFile ("rememberme.txt").deleteFile();
 
@@ -86,12 +78,6 @@ struct accountPage : scene
             page.reset();
 
         return answer;
-    }
-
-    juce::String remembered() const
-    {
-        const auto files = installation.files().joinIntoString (", ");
-        return files.isEmpty() ? "nothing is remembered" : "the login is remembered in " + files;
     }
 
     /** A field by its name; " (new)" stands behind the names that both forms have. */
@@ -115,14 +101,6 @@ struct accountPage : scene
         return place == "on the address" ? address.getCentreX() : address.getX() - 5;
     }
 
-    void pointAtHint (int x)
-    {
-        mouse (hint(), x, 12, false);
-        events.add (hint().getMouseCursor() == juce::MouseCursor::PointingHandCursor ? "a hand" : "no hand");
-    }
-
-    static void pressKey (juce::TextEditor& field, int key) { field.keyPressed (juce::KeyPress (key)); }
-
     static void paste (juce::TextEditor& field, const juce::String& text)
     {
         field.selectAll();
@@ -131,25 +109,10 @@ struct accountPage : scene
 
     static void type (juce::TextEditor& field, const juce::String& text)
     {
-        field.selectAll();
-        pressKey (field, juce::KeyPress::deleteKey);
+        paste (field, {});
 
         for (auto c : text)
             field.keyPressed ({ (int) c, {}, c });
-    }
-
-    static void focus (juce::TextEditor& field)
-    {
-        waitFor ("the focus", [&] {
-            field.grabKeyboardFocus();
-            return field.hasKeyboardFocus (true);
-        });
-    }
-
-    void pressCapsLock() const
-    {
-        capsLock = true;
-        waitFor ("the hint", [this] { return capsLockHint().isNotEmpty(); });
     }
 
     /** Behind another program a menu closes at once. */
@@ -159,7 +122,10 @@ struct accountPage : scene
             page->toFront (true);
             return juce::Process::isForegroundProcess();
         });
-        rightClick (component, x, 12);
+
+        for (auto buttons : { 0, (int) juce::ModifierKeys::rightButtonModifier, 0 })
+            mouse (component, x, 12, buttons);
+
         events.add (juce::ModalComponentManager::getInstance()->getNumModalComponents() == 1 ? "a menu"
                                                                                              : "no menu");
         juce::PopupMenu::dismissAllActiveMenus();
@@ -184,8 +150,10 @@ struct accountPage : scene
         if (page == nullptr)
             return { "the page is gone" };
 
-        juce::StringArray lines{ remembered(), "opened: " + opened.joinIntoString (", "),
-                                 "Caps Lock is told at: " + capsLockHint() };
+        auto lines = scene::look();
+        lines.add ("opened: " + opened.joinIntoString (", "));
+        lines.add ("Caps Lock is told at: " + capsLockHint());
+        lines.add (hint().getMouseCursor() == juce::MouseCursor::PointingHandCursor ? "a hand" : "no hand");
 
         for (auto* button : findAll<juce::Button> (*page))
             lines.add (textOf (*button) + (button->isEnabled() ? " is enabled" : " is disabled")
@@ -202,10 +170,4 @@ struct accountPage : scene
 TEST_CASE ("what is done on the account page leads to what the script says")
 {
     playScript ("account-page-script", [] { return std::make_unique<accountPage>(); });
-}
-
-TEST_CASE ("an address has a name, an at sign, a host and a point in it")
-{
-    checkTable ("acceptableAddress",
-                [] (auto& columns) { return isAcceptableAddress (columns[0]) ? "yes" : "no"; });
 }

@@ -1,83 +1,41 @@
-#include "app/installationPaths.h"
 #include "content/itemDecision.h"
-#include "sandbox/archiveWriter.h"
-#include "tests/support/alertRobot.h"
-#include "tests/support/temporaryInstallation.h"
+#include "tests/support/script.h"
 #include <catch2/catch.hpp>
 
 #if ! JUCE_WINDOWS
     #include <sys/stat.h>
 #endif
 
-static itemDecision decide (int build, const juce::String& target, const char* requirement = "000000")
+namespace
 {
-    return decideItem ({ {}, target, {}, build, requirement }, installationFolder);
-}
-
-/** Checks that the item "item" is installed in exactly this build. */
-static void checkInstalled (int build)
+/** An installation folder in which items are looked for. */
+struct installedItems : scene
 {
-    CHECK (decide (build, installationFolder + "/item") == itemDecision::current);
-    CHECK (decide (build + 1, installationFolder + "/item") == itemDecision::needed);
-}
-
-static juce::MemoryBlock archiveOf (const char* build, juce::uint32 version)
-{
-    return archiveWriter{ version, { { "other", "99" }, { "buildnumber.txt", build, true } } }.write();
-}
-
-TEST_CASE ("an item is current up to the build that is installed: in a folder, else in .sa, else in a file")
-{
-    const temporaryInstallation installation;
-    alertRobot robot;
-    CHECK (decide (-1, installationFolder + "/item") == itemDecision::needed);
-    const auto file = installation.write ("item", "no archive");
-    CHECK (decide (-1, installationFolder + "/item") == itemDecision::needed);
-    installation.write ("item", archiveOf ("7", 1));
-    checkInstalled (7);
-    installation.write ("item.sa", archiveOf ("12", 4));
-    checkInstalled (12);
-    CHECK (robot.texts().isEmpty());
-
-    installation.write ("item.sa", archiveOf ("12", 5));
-    checkInstalled (0);
-    CHECK (robot.texts().size() == 2); // each look at it is told
-
-    REQUIRE (file.deleteFile());
-    REQUIRE (file.createDirectory().wasOk());
-    checkInstalled (0);
-    installation.write ("item/buildnumber.txt", " \t-12abc\n");
-    checkInstalled (-12);
-}
-
-TEST_CASE ("an item is held against the program's date first, then against the installation folder")
-{
-    const temporaryInstallation installation;
-    installation.write ("outside/item/buildnumber.txt", "9");
-    installation.write ("inside/a/b/buildnumber.txt", "9");
-    installationFolder += "/inside";
-    const auto outside = installationFolder + "/../outside/item";
-
-    CHECK (decide (9, outside, "150407") == itemDecision::blocked);
-    CHECK (decide (9, installationFolder + "/item", "150406") == itemDecision::needed);
-    CHECK (decide (9, installationFolder + "/a\\b") == itemDecision::current);
-    CHECK (decide (9, outside) == itemDecision::misplaced);
-    CHECK (decide (9, installationFolder + "/") == itemDecision::misplaced);
-}
-
-#if ! JUCE_WINDOWS
-TEST_CASE ("a pipe where an item should be is not waited for")
-{
-    const temporaryInstallation installation;
-
-    for (auto* path : { "file", "file.sa", "folder/buildnumber.txt" })
+    installedItems()
     {
-        const auto pipe = installation.write (path, "");
-        REQUIRE (pipe.deleteFile());
-        REQUIRE (mkfifo (pipe.getFullPathName().toRawUTF8(), 0600) == 0);
+        acts["remove"] = [this] (auto& a) { REQUIRE (installation.folder.getChildFile (a[0]).deleteFile()); };
+        acts["decide"] = [this] (auto& a) { decide (a[0], a[1].getIntValue(), a[2]); };
+#if ! JUCE_WINDOWS
+        acts["pipe"] = [this] (auto& a) {
+            REQUIRE (mkfifo ((installation.path + "/" + a[0]).toRawUTF8(), 0600) == 0);
+        };
+#endif
     }
 
-    CHECK (decide (-1, installationFolder + "/file") == itemDecision::needed);
-    CHECK (decide (1, installationFolder + "/folder") == itemDecision::needed);
+    /** Decides about an item of a build below a folder of the installation, with the program that it requires. */
+    void decide (const juce::String& target, int build, const juce::String& requirement)
+    {
+        static const std::map<itemDecision, const char*> names{ { itemDecision::blocked, "blocked" },
+                                                                { itemDecision::misplaced, "misplaced" },
+                                                                { itemDecision::current, "current" },
+                                                                { itemDecision::needed, "needed" } };
+        const auto folder = installation.path + "/items";
+        events.add (names.at (decideItem ({ {}, folder + target, {}, build, requirement }, folder)));
+    }
+};
 }
-#endif
+
+TEST_CASE ("whether an item is needed is decided as the script says")
+{
+    playScript ("item-decision-script", [] { return std::make_unique<installedItems>(); });
+}

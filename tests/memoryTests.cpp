@@ -1,5 +1,6 @@
 #include "content/jSimpleArchiveDirectory.h"
 #include "sandbox/archiveWriter.h"
+#include "tests/support/dataTable.h"
 #include "tests/support/temporaryInstallation.h"
 #include "ui/pictureDecoder.h"
 #include <catch2/catch.hpp>
@@ -29,13 +30,11 @@ static bool isWellWithLittleMemory (const std::function<bool()>& action)
     return waitpid (child, &status, 0) == child && status == 0;
 }
 
-/** A file that goes on in zeros for as long as anybody reads. */
-static juce::String endlessFile (const temporaryInstallation& installation, const juce::String& name,
-                                 const juce::MemoryBlock& start)
+/** Makes a file go on in zeros for as long as anybody reads, and returns its path. */
+static juce::String endless (const juce::File& file)
 {
-    auto path = installation.write (name, start).getFullPathName();
-    REQUIRE (truncate (path.toRawUTF8(), (off_t) 1 << 42) == 0);
-    return path;
+    REQUIRE (truncate (file.getFullPathName().toRawUTF8(), (off_t) 1 << 42) == 0);
+    return file.getFullPathName();
 }
 
 /** Reads an endless entry: whole it is nothing, and five bytes of it are there. */
@@ -45,28 +44,23 @@ static bool isServed (jSimpleArchive&& reader, const juce::String& path)
            && reader.createInputStreamFor ("endless", 5)->getTotalLength() == 5;
 }
 
-TEST_CASE ("an endless entry of an archive or a folder is not had whole")
+TEST_CASE_METHOD (temporaryInstallation, "an endless entry of an archive or a folder is not had whole")
 {
-    const temporaryInstallation installation;
     const auto largest = std::numeric_limits<int>::max();
     archiveWriter writer{ 3, { { "endless", "1", true, largest } } };
-    const auto archive = endlessFile (installation, "endless.sa", writer.write());
+    const auto archive = endless (write ("endless.sa", writer.write()));
     writer.wrongCount = largest;
-    const auto crowded = endlessFile (installation, "crowded.sa", writer.write());
-    endlessFile (installation, "folder/endless", {});
-    const auto folder = installation.folder.getChildFile ("folder").getFullPathName();
+    const auto crowded = endless (write ("crowded.sa", writer.write()));
+    endless (write ("folder/endless", ""));
 
     CHECK (isWellWithLittleMemory ([&] { return isServed (jSimpleArchive(), archive); }));
-    CHECK (isWellWithLittleMemory ([&] { return isServed (jSimpleArchiveDirectory(), folder); }));
+    CHECK (isWellWithLittleMemory ([&] { return isServed (jSimpleArchiveDirectory(), path + "/folder"); }));
     CHECK (isWellWithLittleMemory ([&] { return jSimpleArchive().open (crowded) || true; }));
 }
 
 TEST_CASE ("a small picture that announces to be a large one is none")
 {
-    juce::MemoryOutputStream small;
-    REQUIRE (
-        juce::JPEGImageFormat().writeImageToStream (juce::Image (juce::Image::RGB, 16, 16, true), small));
-    std::string picture (static_cast<const char*> (small.getData()), small.getDataSize());
+    auto picture = bytesOf (testFile ("data/noise.jpg"));                      // of 16 x 16 pixels
     picture.replace (picture.find ("\xff\xc0") + 5, 4, "\x20\x00\x20\x00", 4); // 8192 x 8192 pixels
 
     CHECK (isWellWithLittleMemory ([&] {

@@ -1,11 +1,10 @@
 #include "tests/support/downloadsRun.h"
+#include "tests/support/person.h"
 #include "tests/support/scriptedServer.h"
 #include "tests/support/temporaryInstallation.h"
-#include "tests/support/waiting.h"
 #include "ui/busyCursor.h"
 #include <catch2/catch.hpp>
 #include <future>
-#include <juce_gui_basics/juce_gui_basics.h>
 
 /** Counts what reaches it of keyboard and mouse, in a window of its own. */
 struct inputCounter : juce::Component
@@ -16,10 +15,7 @@ struct inputCounter : juce::Component
         setBounds (50, 50, 100, 100);
         addToDesktop (juce::ComponentPeer::windowIsTemporary); // a window manager would pass clicks on later
         setVisible (true);
-        waitFor ("the keyboard focus", [this] {
-            grabKeyboardFocus();
-            return hasKeyboardFocus (false);
-        });
+        focus (*this);
     }
 
     bool keyPressed (const juce::KeyPress&) override { return ++keys > 0; }
@@ -96,19 +92,9 @@ TEST_CASE ("events that arrived with the answer to a question are handled withou
     }
 }
 
-/** Holds when so many milliseconds have passed since it was first asked. */
-static scriptedServer::condition after (juce::uint32 ms)
+TEST_CASE_METHOD (temporaryInstallation,
+                  "a click is answered within a second while an item comes slowly, and while nothing comes")
 {
-    return [ms, start = std::optional<juce::uint32>()]() mutable {
-        const auto now = juce::Time::getMillisecondCounter();
-        start = start.value_or (now);
-        return now - *start >= ms;
-    };
-}
-
-TEST_CASE ("a click is answered within a second while an item comes slowly, and while nothing comes")
-{
-    const temporaryInstallation installation;
     inputCounter window;
     juce::Desktop::setMousePosition (window.getScreenBounds().getCentre());
 
@@ -122,14 +108,14 @@ TEST_CASE ("a click is answered within a second while an item comes slowly, and 
 
     scriptedServer server;
     server.reply ("HTTP/1.1 200 OK\r\nContent-Type: a/b\r\nContent-Length: 16665\r\n\r\n");
-    server.waitUntil (click).waitUntil (after (1500));
+    server.waitUntil (click).pause (1500);
 
     for (const auto bytesPerSecond : { 110, 1000, 10000 })
     {
         server.waitUntil (click);
 
         for (int tenth = 0; tenth < 15; ++tenth)
-            server.send (std::string (size_t (bytesPerSecond / 10), 'x')).waitUntil (after (100));
+            server.send (std::string (size_t (bytesPerSecond / 10), 'x')).pause (100);
     }
 
     CHECK (runDownloads ({ { server.origin(), "amp", "Amp" } })

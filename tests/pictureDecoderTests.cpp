@@ -2,21 +2,6 @@
 #include "ui/pictureDecoder.h"
 #include <catch2/catch.hpp>
 
-/** A picture of noise, so that not nearly all of its file is headers. */
-template <typename Format>
-static std::string encodedSample()
-{
-    juce::Random random (7);
-    juce::Image image (juce::Image::RGB, 16, 16, true);
-
-    for (int i = 0; i < 256; ++i)
-        image.setPixelAt (i % 16, i / 16, juce::Colour ((juce::uint32) random.nextInt()));
-
-    juce::MemoryOutputStream stream;
-    REQUIRE (Format().writeImageToStream (image, stream));
-    return { static_cast<const char*> (stream.getData()), stream.getDataSize() };
-}
-
 static bool isPicture (const std::string& file)
 {
     juce::MemoryInputStream stream (file.data(), file.size(), false);
@@ -25,7 +10,7 @@ static bool isPicture (const std::string& file)
 
 TEST_CASE ("a picture is one when it is whole, none when it is cut anywhere, and harmless when it is damaged")
 {
-    for (auto& file : { encodedSample<juce::PNGImageFormat>(), encodedSample<juce::JPEGImageFormat>() })
+    for (auto& file : { bytesOf (testFile ("data/noise.png")), bytesOf (testFile ("data/noise.jpg")) })
     {
         for (size_t i = 0; i < file.size(); ++i)
         {
@@ -43,16 +28,15 @@ TEST_CASE ("a picture is one when it is whole, none when it is cut anywhere, and
 
 TEST_CASE ("a PNG with damaged pixels is no picture")
 {
-    auto file = encodedSample<juce::PNGImageFormat>();
+    auto file = bytesOf (testFile ("data/noise.png"));
     file[60] = (char) ~file[60]; // inside the compressed pixels, which a check sum covers
     CHECK_FALSE (isPicture (file));
 }
 
 TEST_CASE ("a JPEG with more scans than any honest one has is no picture")
 {
-    juce::MemoryBlock progressive; // 8 x 8 pixels in seven scans, of which the last is repeated
-    REQUIRE (testFile ("data/progressive.jpg").loadFileAsData (progressive));
-    const std::string file (progressive.begin(), progressive.end());
+    // 8 x 8 pixels in seven scans, of which the last is repeated
+    const auto file = bytesOf (testFile ("data/progressive.jpg"));
     const auto lastScan = file.substr (file.rfind ("\xff\xda"));
     auto repeated = file;
 
@@ -65,7 +49,46 @@ TEST_CASE ("a JPEG with more scans than any honest one has is no picture")
 
 TEST_CASE ("a PNG that ends inside a chunk of text is no picture")
 {
-    const auto png = encodedSample<juce::PNGImageFormat>();
+    const auto png = bytesOf (testFile ("data/noise.png"));
     const auto signatureAndHeader = png.substr (0, 33);
     CHECK_FALSE (isPicture (signatureAndHeader + expanded ("\\x00\\x00\\x10\\x00tEXtComment")));
 }
+
+#if JUCE_LINUX
+/** Those that are pictures of what a folder of the PNG or the JPEG library holds, which CTest has fetched. None may be
+    one when it is cut, at any byte or any 97th of a large file. */
+static juce::StringArray picturesIn (const char* folder)
+{
+    juce::StringArray pictures;
+
+    for (auto& library : juce::File (LIBRARY_SOURCES).findChildFiles (juce::File::findDirectories, false))
+        for (auto& path : library.getChildFile (folder).findChildFiles (juce::File::findFiles, false))
+        {
+            const auto file = bytesOf (path);
+            const size_t step = file.size() > 16384 ? 97 : 1;
+            auto cutPictures = 0;
+
+            for (size_t size = 0; size < file.size(); size += step)
+                cutPictures += isPicture (file.substr (0, size)) ? 1 : 0;
+
+            INFO (path.getFileName() << ", cut");
+            CHECK (cutPictures == 0);
+
+            if (isPicture (file))
+                pictures.add (path.getFileName());
+        }
+
+    pictures.sort (false);
+    return pictures;
+}
+
+// Hidden, because it runs after these have been fetched.
+TEST_CASE (
+    "the pictures of the PNG library's suite and of the JPEG library are such, and none when cut anywhere",
+    "[.foreignPictures]")
+{
+    CHECK (picturesIn ("contrib/pngsuite").size() > 40);
+    CHECK (picturesIn ("testimages")
+           == juce::StringArray{ "testimgari.jpg", "testimgint.jpg", "testorig.jpg" });
+}
+#endif

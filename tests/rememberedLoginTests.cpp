@@ -3,21 +3,9 @@
 #include "tests/support/temporaryInstallation.h"
 #include <catch2/catch.hpp>
 
-TEST_CASE ("a remembered login replaces the file by two scrambled lines")
+TEST_CASE_METHOD (temporaryInstallation, "a login that would be too long to load is not saved")
 {
-    const temporaryInstallation installation;
-    const auto file = installation.write ("rememberme.txt", "something old, open to all");
-    rememberedLogin (installation.folder.getFullPathName()).save ({ "me@example.org", "secret&1" });
-
-    // Scrambled by another library's Blowfish.
-    CHECK (file.loadFileAsString() == "16.VBCyImenEXYEEhUHdWTFNB\r\n16.HBy6dSNsNccdfamSrJRFNB\r\n");
-    CHECK (installation.files() == juce::StringArray{ "rememberme.txt" });
-}
-
-TEST_CASE ("a login that would be too long to load is not saved")
-{
-    const temporaryInstallation installation;
-    const rememberedLogin remembered (installation.folder.getFullPathName());
+    const rememberedLogin remembered (path);
     remembered.save ({ "short", juce::String::repeatedString ("p", 60000) });
     remembered.save ({ "long", juce::String::repeatedString ("p", 1000000) });
     CHECK (remembered.load()->address == "short");
@@ -28,13 +16,11 @@ TEST_CASE ("without an absolute folder there is no remembered login")
     CHECK_FALSE (rememberedLogin ("relative").load().has_value());
 }
 
-TEST_CASE ("whatever stands in the file, loading gives two texts or nothing")
+TEST_CASE_METHOD (temporaryInstallation, "whatever stands in the file, loading gives two texts or nothing")
 {
-    const temporaryInstallation installation;
-
     checkTable ("rememberedLogin", [&] (auto& columns) {
-        installation.write ("rememberme.txt", juce::MemoryBlock (columns[0].data(), columns[0].size()));
-        const auto login = rememberedLogin (installation.folder.getFullPathName()).load();
+        write ("rememberme.txt", columns[0]);
+        const auto login = rememberedLogin (path).load();
         return login ? (login->address + ", " + login->password).toStdString() : "none";
     });
 }

@@ -1,54 +1,59 @@
+#include "app/installationPaths.h"
 #include "content/catalogue.h"
+#include "net/storeService.h"
 #include "tests/support/alertRobot.h"
 #include "tests/support/dataTable.h"
 #include "tests/support/downloadsRun.h"
-#include "tests/support/loggedOnService.h"
+#include "tests/support/scriptedServer.h"
 #include "tests/support/temporaryInstallation.h"
 #include <catch2/catch.hpp>
 #include <regex>
 
-/** What a file says that the user sees, by request; "" for a request that it is not played to. */
-static juce::String outcomeIn (const juce::StringArray& lines, const juce::String& request)
+static const juce::String token ("to ken"), enduser ("a+b@x.org");
+
+/** The service that a server is, for an account that is logged on. */
+static storeService serviceOf (const scriptedServer& server)
 {
-    juce::String outcome;
-
-    for (int i = 0; i < lines.indexOf ("---"); ++i)
-    {
-#if JUCE_WINDOWS
-        const auto line = lines[i].replace ("Windows ", {});
-#else
-        const auto& line = lines[i];
-#endif
-        if (line.startsWith (request + ": "))
-            outcome = line.fromFirstOccurrenceOf (": ", false, false);
-    }
-
-    return outcome;
+    return { server.origin(), installationFolder, token, enduser,
+             [] (auto& blockingCall) { blockingCall(); } };
 }
 
-/** Lays out the replies of a file, and those of the stranger to whom its redirects lead. */
-static void layOut (const juce::StringArray& lines, scriptedServer& server, scriptedServer& stranger)
+/** What the first lines of a file say that the user sees, by request. */
+static juce::StringPairArray outcomesIn (const juce::String& head)
 {
-    auto* player = &server;
-    juce::String reply;
+    juce::StringPairArray outcomes;
 
-    for (int i = lines.indexOf ("---") + 1; i <= lines.size(); ++i)
+    for (auto& line : juce::StringArray::fromLines (head))
     {
-        if (i < lines.size() && ! lines[i].startsWith ("---"))
-        {
-            reply += lines[i];
-            continue;
-        }
+        auto request = line.upToFirstOccurrenceOf (": ", false, false);
+#if JUCE_WINDOWS
+        request = request.replace ("Windows ", {});
+#endif
+        outcomes.set (request, line.fromFirstOccurrenceOf (": ", false, false));
+    }
 
-        const auto addressed =
-            reply.replace ("@{here}", server.origin()).replace ("@{other}", stranger.origin());
-        player->reply (expanded (addressed.replace ("@{reset}", {}).toStdString()));
+    return outcomes;
+}
 
-        if (addressed.endsWith ("@{reset}"))
-            player->reset();
+static const juce::String separator ("\n---");
 
-        player = lines[i] == "--- other" ? &stranger : &server;
-        reply.clear();
+/** Lays out the replies of a file, and those of the stranger to whom its redirects lead. */
+static void layOut (juce::String replies, scriptedServer& server, scriptedServer& stranger)
+{
+    while (replies.isNotEmpty())
+    {
+        const auto reply = replies.upToFirstOccurrenceOf (separator, false, false);
+        const auto bytes = reply.fromFirstOccurrenceOf ("\n", false, false)
+                               .removeCharacters ("\n")
+                               .replace ("@{here}", server.origin())
+                               .replace ("@{other}", stranger.origin());
+        auto& player = reply.startsWith (" other") ? stranger : server;
+        player.reply (expanded (bytes.replace ("@{reset}", {}).toStdString()));
+
+        if (bytes.endsWith ("@{reset}"))
+            player.reset();
+
+        replies = replies.fromFirstOccurrenceOf (separator, false, false);
     }
 }
 
@@ -82,10 +87,10 @@ static juce::String inShort (const juce::StringArray& boxes)
 static juce::String logOn (const scriptedServer& server)
 {
     alertRobot robot;
-    const auto login = loggedOnService (server).requestLogin ("a@x.org", "secret");
+    const auto login = serviceOf (server).requestLogin ("a@x.org", "secret");
 
     if (! login.has_value())
-        return inShort (robot.texts());
+        return inShort (robot.texts);
 
     return login->token.isNotEmpty() ? juce::String ("logged on") : inShort ({ login->message });
 }
@@ -94,10 +99,10 @@ static juce::String catalogue (const scriptedServer& server)
 {
     alertRobot robot;
     juce::String error;
-    const auto reply = loggedOnService (server).requestBin (error, "list", "mediareview");
+    const auto reply = serviceOf (server).requestBin (error, "list", "mediareview");
 
     if (reply == nullptr || error.isNotEmpty())
-        return inShort (reply == nullptr ? robot.texts() : juce::StringArray (error));
+        return inShort (reply == nullptr ? robot.texts : juce::StringArray (error));
 
     juce::Array<DownloadItem> items;
     readCatalogue (*reply, installationFolder, items);
@@ -124,22 +129,25 @@ TEST_CASE ("each reply of tests/replies has the outcome that stands beside it")
     REQUIRE (files.size() >= 250);
 
     for (auto& file : files)
-        for (auto& [name, play] : requests)
-        {
-            INFO (file.getFileName() << ", " << name);
-            const auto lines = juce::StringArray::fromLines (file.loadFileAsString());
-            const auto wanted = outcomeIn (lines, name);
+    {
+        const auto text = file.loadFileAsString();
+        const auto outcomes = outcomesIn (text.upToFirstOccurrenceOf (separator, false, false));
 
-            if (wanted.isEmpty())
+        for (auto& [request, play] : requests)
+        {
+            if (! outcomes.containsKey (request))
                 continue;
 
+            INFO (file.getFileName() << ", " << request);
+            const auto& wanted = outcomes[request];
             const temporaryInstallation installation;
             scriptedServer server, stranger;
-            layOut (lines, server, stranger);
+            layOut (text.fromFirstOccurrenceOf (separator, false, false), server, stranger);
             CHECK (play (server) == wanted);
             CHECK (installation.files().size() == (wanted.startsWith ("malformed") ? 1 : 0));
 
-            for (auto& request : stranger.requests())
-                CHECK (request.header ("Authorization") + request.body() == "");
+            for (auto& seen : stranger.requests())
+                CHECK (seen.header ("Authorization") + seen.body() == "");
         }
+    }
 }

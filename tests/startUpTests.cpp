@@ -1,114 +1,95 @@
 #include "app/installationPaths.h"
-#include "app/registryValue.h"
-#include "sandbox/archiveWriter.h"
-#include "tests/support/alertRobot.h"
-#include "tests/support/dataTable.h"
-#include "tests/support/temporaryInstallation.h"
+#include "tests/support/pictures.h"
+#include "tests/support/script.h"
+#include "ui/lookAndFeelKlangora.h"
 #include <catch2/catch.hpp>
 
-static const juce::String
-    valuePath ("HKEY_LOCAL_MACHINE\\SOFTWARE\\Dorvik Electronics\\Klangora 4\\InstallationDir");
-static const juce::String dataMissing ("GUI data could not be found. Please reinstall!");
-
 #if JUCE_WINDOWS
-static void setRegistryValue (const juce::String& value)
+static void setRegistryValue (const juce::String& path, const juce::String& value)
 {
-    REQUIRE (juce::WindowsRegistry::setValue (valuePath, value));
+    REQUIRE (juce::WindowsRegistry::setValue (path, value));
 }
 #else
 static juce::File settingsFile()
 {
     const juce::File config (juce::SystemStats::getEnvironmentVariable ("XDG_CONFIG_HOME", {}));
-    return config.getChildFile ("Dorvik Electronics/registry.settings");
+    const auto file = config.getChildFile ("Dorvik Electronics/registry.settings");
+    REQUIRE (file.create().wasOk());
+    return file;
 }
 
-static void setRegistryValue (const juce::String& value)
+static void setRegistryValue (const juce::String& path, const juce::String& value)
 {
-    juce::XmlElement root ("PROPERTIES");
-    auto* entry = root.createNewChildElement ("VALUE");
-    entry->setAttribute ("name", valuePath);
-    entry->setAttribute ("val", value);
-    REQUIRE (settingsFile().create().wasOk());
-    REQUIRE (root.writeTo (settingsFile()));
-}
-
-TEST_CASE ("damaged settings hold no values")
-{
-    REQUIRE (settingsFile().create().wasOk());
-    REQUIRE (settingsFile().replaceWithText ("damaged"));
-    CHECK (getRegistryValue (valuePath).isEmpty());
+    juce::PropertiesFile settings (settingsFile(), juce::PropertiesFile::Options());
+    settings.setValue (path, value);
 }
 #endif
 
-/** The boxes that a start shows when the registry holds `folder`. */
-static juce::String boxesAtStart (const juce::String& folder)
+namespace
 {
-    forgetInstallation();
-    setRegistryValue (folder);
-    alertRobot robot;
-    findInstallationPaths();
-    CHECK (registryKeyPath == valuePath.upToLastOccurrenceOf ("\\", false, false));
-    return robot.texts().joinIntoString ("; ");
-}
-
-TEST_CASE ("an empty registry value is reported, and searched again by the next call")
+/** The start of the program, with the pictures of its interface. */
+struct start : scene
 {
-    CHECK (boxesAtStart ({}) == "Installation path missing in registry. Please reinstall!");
-    CHECK (installationFolder.isEmpty());
+    lookAndFeelKlangora skin;
 
-    const temporaryInstallation installation;
-    setRegistryValue (installationFolder);
-    installationFolder.clear();
-    alertRobot robot;
-    findInstallationPaths();
-    findInstallationPaths();
-    CHECK (installationFolder == installation.folder.getFullPathName());
-    CHECK (robot.texts() == juce::StringArray{ dataMissing });
-}
-
-TEST_CASE ("an installation folder that is none is reported with its text, which is kept")
-{
-    const temporaryInstallation installation;
-    const auto file = installation.write ("a file", "").getFullPathName();
-
-    for (auto& wrong : { file, file + "/below", juce::String ("relative"), juce::String ("no path: \n?") })
+    start()
     {
-        CHECK (boxesAtStart (wrong)
-               == "The Klangora 4 installation folder can't be found, and that's not a good thing. Please "
-                  "reinstall.\nCould not find: "
-                      + wrong);
-        CHECK (installationFolder == wrong);
-        CHECK (guiDataSource == nullptr);
+        forgetInstallation();
+        acts["the registry says"] = [this] (auto& a) {
+            setRegistryValue (a[0], a[1].replace ("FOLDER", installation.path).replace ("\\n", "\n"));
+        };
+#if ! JUCE_WINDOWS
+        acts["the settings are damaged"] = [] (auto&) {
+            REQUIRE (settingsFile().replaceWithText ("no XML"));
+        };
+#endif
+        acts["start"] = [] (auto&) { findInstallationPaths(); };
+        acts["picture of width"] = [this] (auto& a) { writePicture (a[1], a[0].getIntValue(), 1); };
+        acts["half a picture"] = [this] (auto& a) { writePicture (a[0], 100, 2); };
+        acts["load"] = [this] (auto& a) {
+            const auto picture = lookAndFeelKlangora::loadPicture (*guiDataSource, a[0]);
+            events.add (picture.getBounds().toString());
+        };
+        acts["the skin is reloaded always"] = [this] (auto&) { skin.reloadSkinBackground = true; };
+        acts["the source goes"] = [] (auto&) { guiDataSource = nullptr; };
     }
+
+    ~start() override
+    {
+        forgetInstallation();
+    }
+
+    /** A part of a picture's file, in the folder that the interface's pictures come from. */
+    void writePicture (const juce::String& name, int width, size_t divisor) const
+    {
+        const auto file = encoded ({ juce::Image::RGB, width, 2, true });
+        installation.write ("gui/klangora 4/" + name, { file.getData(), file.getSize() / divisor });
+    }
+
+    juce::StringArray look() override
+    {
+        auto lines = scene::look();
+
+        if (registryKeyPath.isEmpty()) // before the start
+            return lines;
+
+        juce::Image shown;
+        skin.renderDialogBackground (shown, juce::Component(), 30, 20, false);
+        const auto picture = skin.getSkinBackground();
+        lines.add ("the background is "
+                   + (picture.isNull() ? shown.getPixelAt (7, 7).toDisplayString (true)
+                                       : picture.getBounds().toString()));
+        const auto note =
+            guiDataSource != nullptr ? guiDataSource->createInputStreamFor ("note.txt") : nullptr;
+        lines.add ("the note is " + (note != nullptr ? note->readEntireStreamAsString() : "not there"));
+        lines.add ("the registry key is " + registryKeyPath);
+        lines.add ("the installation folder is " + installationFolder);
+        return lines;
+    }
+};
 }
 
-/** Puts interface data at a path: a folder, an archive of a version, or an empty file. */
-static void putData (const temporaryInstallation& installation, const juce::String& path,
-                     const juce::String& data)
+TEST_CASE ("the installation and its pictures are found as the script says")
 {
-    if (data == "folder")
-        installation.write (path + "/skin.png", "loose");
-    else if (data.startsWith ("version "))
-        installation.write (
-            path,
-            archiveWriter{ (juce::uint32) data.getTrailingIntValue(), { { "skin.png", "packed" } } }.write());
-    else if (data == "file")
-        installation.write (path, "");
-}
-
-TEST_CASE ("interface data comes from the folder, else from the archive, else its absence is reported")
-{
-    checkTable ("interfaceData", [] (auto& columns) {
-        const temporaryInstallation installation;
-        const juce::String name (juce::CharPointer_UTF8 ("Käfer & Söhne 音/")); // ends with a slash
-        putData (installation, name + "gui/klangora 4", columns[0]);
-        putData (installation, name + "gui/klangora 4.sa", columns[1]);
-
-        const auto root = installation.folder.getFullPathName() + "/" + name;
-        const auto boxes = boxesAtStart (root).replaceCharacter ('\\', '/').replace (
-            root.replaceCharacter ('\\', '/'), "ROOT");
-        const auto skin =
-            guiDataSource != nullptr ? guiDataSource->createInputStreamFor ("skin.png") : nullptr;
-        return (skin != nullptr ? skin->readEntireStreamAsString() : boxes).toStdString();
-    });
+    playScript ("start-up-script", [] { return std::make_unique<start>(); });
 }

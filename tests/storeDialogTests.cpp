@@ -1,37 +1,32 @@
 #include "app/installationPaths.h"
 #include "store/jStoreDialog.h"
 #include "store/showAttention.h"
-#include "tests/support/componentText.h"
+#include "tests/support/dataTable.h"
 #include "tests/support/script.h"
-#include "tests/support/scriptedServer.h"
-#include "tests/support/temporaryInstallation.h"
-#include "tests/support/waiting.h"
 #include "ui/busyCursor.h"
 #include <catch2/catch.hpp>
 
 namespace
 {
-/** The dialog in its window, with a server and an installation folder. */
+/** The dialog in its window. */
 struct openStore : scene
 {
-    temporaryInstallation installation;
-    scriptedServer server;
     juce::Component::SafePointer<jStoreDialog> dialog;
 
     openStore()
     {
-        acts["a login is remembered"] = [this] (auto&) { writeLogin(); };
+        acts["the installation folder becomes"] = [this] (auto& a) {
+            installationFolder = a[0].replace ("FOLDER", installation.path);
+        };
         acts["open"] = [this] (auto&) { dialog = new jStoreDialog (nullptr); };
         acts["press"] = [this] (auto& a) { find<juce::Button> (store(), a[0]).triggerClick(); };
         acts["describe the window"] = [this] (auto&) { describe (*store().getTopLevelComponent()); };
         acts["describe the page"] = [this] (auto&) { describePages(); };
         acts["describe boxes"] = [this] (auto&) { robot.whileOpen = [this] { describeBox(); }; };
 
-        acts["reply"] = [this] (auto& a) { server.reply (okReply (a[0].toStdString())); };
-        acts["ask"] = [this] (auto& a) { noteAnswer (store().handleRequest (a[0], a[1], a[2], {})); };
+        acts["reply"] = [this] (auto& a) { server.reply (okReply (expanded (a[0].toStdString()))); };
+        acts["ask"] = [this] (auto& a) { ask (a); };
         acts["tell"] = [this] (auto& a) { store().handleMessage (a[0], {}, {}, {}); };
-        acts["item"] = [this] (auto& a) { noteItem (a[0].getIntValue()); };
-
         acts["wait for the focus"] = [] (auto& a) {
             waitFor ("the focus", [&] { return focusedText() == a[0]; });
         };
@@ -41,7 +36,7 @@ struct openStore : scene
         };
         acts["a box opens"] = [] (auto& a) { showAttention (a[0]); };
         acts["close"] = [this] (auto&) { store().requestClose(); };
-        acts["the answer will be"] = [this] (auto& a) { robot.answer (a[0]); };
+        acts["the answer will be"] = [this] (auto& a) { robot.answers.add (a[0]); };
         acts["close again while a box is open"] = [this] (auto&) {
             robot.whileOpen = [this] { store().requestClose(); };
         };
@@ -56,22 +51,6 @@ struct openStore : scene
     {
         REQUIRE (dialog != nullptr);
         return *dialog;
-    }
-
-    static juce::String focusedText()
-    {
-        const auto* focused = juce::Component::getCurrentlyFocusedComponent();
-        return focused != nullptr ? textOf (*focused) : juce::String();
-    }
-
-    void writeLogin() const
-    {
-        installation.write ("rememberme.txt", "16.VBCyImenEXYEEhUHdWTFNB\n16.HBy6dSNsNccdfamSrJRFNB\n");
-    }
-
-    void describe (const juce::Component& component)
-    {
-        events.addLines (componentText (component).trimEnd());
     }
 
     /** Those that show once all fades are over. */
@@ -99,27 +78,17 @@ struct openStore : scene
                                 + juce::KeyPress (key).getTextDescription());
     }
 
-    void noteAnswer (const juce::var& answer)
+    void ask (const juce::StringArray& a)
     {
+        const auto answer = store().handleRequest (a[0], a[1], a[2], {});
         events.add ("answer: "
                     + (answer.isString() ? answer.toString().quoted() : juce::JSON::toString (answer)));
     }
 
-    void noteItem (int index)
-    {
-        for (auto* request : { "dl_url", "dl_target", "dl_name", "dl_buildnumber", "dl_bdr" })
-            noteAnswer (store().handleRequest (request, index, {}, {}));
-    }
-
     juce::StringArray look() override
     {
-        juce::StringArray lines (dialog == nullptr ? "no dialog is open" : "a dialog is open");
-        int number = 0;
-
-        for (auto& request : server.requests())
-            lines.add ("request " + juce::String (++number) + ": " + request.line() + " | " + request.body()
-                       + " | token: " + request.header ("Authorization"));
-
+        auto lines = scene::look();
+        lines.add (dialog == nullptr ? "no dialog is open" : "a dialog is open");
         return lines;
     }
 };

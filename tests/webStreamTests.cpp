@@ -1,7 +1,7 @@
 #include "base/boundedReading.h"
 #include "net/webStream.h"
 #include "tests/support/dataTable.h"
-#include "tests/support/scriptedServer.h"
+#include "tests/support/script.h"
 #include <catch2/catch.hpp>
 
 #if JUCE_LINUX
@@ -24,15 +24,6 @@ static std::string bodyOf (const webReply& reply)
     return readAtMost (*reply.stream).toString().toStdString();
 }
 
-TEST_CASE ("a redirect leads where a browser goes, token and body not to strangers, and stays encrypted")
-{
-    checkTable ("redirects", [] (auto& columns) {
-        const webRequest request{ columns[0], columns[1], "token", {} };
-        const auto next = redirected (request, std::stoi (columns[2]), columns[3]);
-        return next ? (next->address + ", " + next->token + ", " + next->postData).toStdString() : "none";
-    });
-}
-
 TEST_CASE ("a request goes out as it is told, with its token in one line")
 {
     scriptedServer server;
@@ -45,6 +36,27 @@ TEST_CASE ("a request goes out as it is told, with its token in one line")
         return request.line() + ", " + request.header ("Authorization") + ", "
                + request.header ("Content-Type") + ", " + request.body();
     });
+}
+
+/** What the TLS server of trustTest.sh says under a name; empty without a stream. */
+static juce::String tlsServerText (const juce::String& host)
+{
+    const auto port = juce::SystemStats::getEnvironmentVariable ("TEST_TLS_PORT", {});
+    REQUIRE (port.isNotEmpty());
+    const auto reply = ask ("https://" + host + ":" + port + "/reply");
+    return reply.stream == nullptr ? juce::String() : readAtMost (*reply.stream).toString();
+}
+
+// These two are hidden, so that only the script runs them.
+TEST_CASE ("a TLS server that the system does not trust is not spoken to", "[.untrusted]")
+{
+    CHECK (tlsServerText ("localhost").isEmpty());
+}
+
+TEST_CASE ("a TLS server that the system trusts answers, under its own name only", "[.trusted]")
+{
+    CHECK (tlsServerText ("127.0.0.1").isEmpty());
+    CHECK (tlsServerText ("localhost") == "trusted");
 }
 
 TEST_CASE ("nothing but the web is spoken to")
@@ -76,27 +88,34 @@ TEST_CASE ("the head is there before the body, and what has arrived is read with
     CHECK (reply.stream->isExhausted());
 }
 
-/** A reply that does not end its connection. */
-static std::string keptReply (const std::string& body)
+namespace
 {
-    return "HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string (body.size()) + "\r\n\r\n" + body;
-}
-
-TEST_CASE ("a connection is kept for the next request of any account, each with its own token")
+/** A client of the server. */
+struct client : scene
 {
-    scriptedServer server;
-
-    for (auto* token : { "first", "", "second" })
+    client()
     {
-        server.reply (keptReply ("body")).keep();
-        CHECK (bodyOf (ask (server.origin(), "a=b", token)) == "body");
-        CHECK (server.requests().back().header ("Authorization") == token);
+        acts["ask"] = [this] (auto& a) {
+            const auto reply = ask (server.origin() + a[0], a[1], a[2]);
+            events.add (reply.stream != nullptr ? juce::String (bodyOf (reply)).quoted() : "no reply");
+        };
+        acts["ask, and give up half way"] = [this] (auto& a) {
+            events.add ("status " + juce::String (ask (server.origin() + a[0]).status));
+        };
     }
 
-    server.reply ("HTTP/1.1 302 Found\r\nLocation: /there\r\nContent-Length: 0\r\n\r\n").keep();
-    server.reply (keptReply ("moved")).keep();
-    CHECK (bodyOf (ask (server.origin())) == "moved");
-    CHECK (server.connections() == 1);
+    juce::StringArray look() override
+    {
+        auto lines = scene::look();
+        lines.add ("connections: " + juce::String (server.connections()));
+        return lines;
+    }
+};
+}
+
+TEST_CASE ("connections are kept, and given up, as the script says")
+{
+    playScript ("connection-script", [] { return std::make_unique<client>(); });
 }
 
 #if JUCE_LINUX // elsewhere the system's services hand out what is there
@@ -123,42 +142,6 @@ TEST_CASE ("what a fast server sends stays with it until there is room, and come
     CHECK (most <= 512 << 10);
     CHECK (size == body.size());
     CHECK ((received == body)); // not to be printed
-}
-#endif
-
-#if JUCE_LINUX // under Wine the first does not end, and the second fails: see docs/reliability.md
-TEST_CASE ("what broke off or came too much on one connection does no harm to the next request")
-{
-    const auto half = "HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\nbo";
-    scriptedServer server;
-    server.reply (keptReply ("body") + " and more").keep();
-    server.reply (half).reset();
-    server.reply (keptReply ("body")).keep();
-    server.reply (half).keep().waitUntil();
-    server.reply (keptReply ("body")).keep();
-
-    CHECK (bodyOf (ask (server.origin())) == "body");
-    CHECK (bodyOf (ask (server.origin())) == "bo");
-    CHECK (bodyOf (ask (server.origin())) == "body");
-    CHECK (ask (server.origin()).status == 200); // given up half way
-    CHECK (bodyOf (ask (server.origin(), "a=b")) == "body");
-}
-
-TEST_CASE ("a kept connection that ends just as it is used: a GET is asked once more, a POST is not")
-{
-    scriptedServer server;
-    server.reply (keptReply ("body")).keep().reply();
-    server.reply (keptReply ("again")).keep().reply();
-    CHECK (bodyOf (ask (server.origin())) == "body");
-    CHECK (bodyOf (ask (server.origin())) == "again");
-    CHECK (ask (server.origin(), "a=b").stream == nullptr);
-
-    std::string methods;
-
-    for (auto& request : server.requests())
-        methods += request.line().substr (0, 4);
-
-    CHECK (methods == "GET GET GET POST");
 }
 
 // The linker's --wrap leads the calls of these functions through here.

@@ -1,37 +1,18 @@
 #include "tests/support/alertRobot.h"
 #include "app/productName.h"
-#include "tests/support/componentText.h"
+#include "tests/support/person.h"
 #include "ui/messageBox.h"
 #include <catch2/catch.hpp>
-
-alertRobot::alertRobot()
-{
-    startTimer (5);
-}
 
 alertRobot::~alertRobot()
 {
     CHECK (answers == juce::StringArray());
 }
 
-alertRobot& alertRobot::answer (const juce::String& button)
-{
-    answers.add (button);
-    return *this;
-}
-
-/** Without the program's look and feel a box is the framework's, which keeps the text in its description. */
-static juce::String messageOf (const juce::AlertWindow& box)
-{
-    const auto* ours = dynamic_cast<const messageBox*> (&box);
-    return ours != nullptr ? ours->getText()
-                           : box.getDescription().fromFirstOccurrenceOf (". ", false, false);
-}
-
 void alertRobot::timerCallback()
 {
     const auto& manager = *juce::ModalComponentManager::getInstance();
-    auto* open = dynamic_cast<juce::AlertWindow*> (manager.getModalComponent (0));
+    auto* open = dynamic_cast<messageBox*> (manager.getModalComponent (0));
 
     if (open == nullptr || open == answered)
         return;
@@ -43,10 +24,10 @@ void alertRobot::timerCallback()
         buttons.add (textOf (*button));
 
     const auto isQuestion = buttons != juce::StringArray ("Ok");
-    const auto choice = isQuestion ? " [" + buttons.joinIntoString ("|") + "]" : juce::String();
+    const auto text = open->getText() + (isQuestion ? " [" + buttons.joinIntoString ("|") + "]" : "");
     CHECK (open->getName() == productName);
-    shown.add (messageOf (*open) + choice);
-    juce::NullCheckedInvocation::invoke (whileOpen);
+    texts.add (text);
+    whileOpen();
 
     if (answered == nullptr)
         return;
@@ -55,7 +36,7 @@ void alertRobot::timerCallback()
     answers.removeRange (0, isQuestion ? 1 : 0);
 
     if (! buttons.contains (press))
-        FAIL_CHECK ("no answer to: " << shown[shown.size() - 1]);
+        FAIL_CHECK ("no answer to: " << text);
 
     open->triggerButtonClick (buttons.contains (press) ? press : buttons[0]);
 }

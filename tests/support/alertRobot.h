@@ -7,26 +7,24 @@
     of its buttons, as a click would. A box blocks its caller in a nested message loop, so the answers are laid
     out before the box opens and what was shown is read afterwards. Every box must have the product's title, and
     "Ok" or the buttons of a question. */
-class alertRobot : private juce::Timer
+struct alertRobot : private juce::Timer
 {
-public:
-    alertRobot();
+    alertRobot() { startTimer (5); }
     ~alertRobot() override;
 
-    /** Button to press in the next question that has no answer yet. A question without an answer, and an answer
-        that no question asked for, fail the test. */
-    alertRobot& answer (const juce::String& button);
+    /** The buttons to press in the next questions. A question without an answer, and an answer that no question asked
+        for, fail the test. */
+    juce::StringArray answers;
 
     /** Called with each open box before it is answered. */
-    std::function<void()> whileOpen;
+    std::function<void()> whileOpen = [] {};
 
     /** The texts of the boxes so far, in the order in which they opened; that of a question ends with its buttons,
         such as "Sure? [Yes|No]". */
-    const juce::StringArray& texts() const { return shown; }
+    juce::StringArray texts;
 
 private:
     void timerCallback() override;
 
-    juce::StringArray shown, answers;
     juce::Component::SafePointer<juce::Component> answered;
 };

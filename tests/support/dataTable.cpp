@@ -6,6 +6,13 @@ juce::File testFile (const juce::String& path)
     return juce::File (TESTS_FOLDER).getChildFile (path);
 }
 
+std::string bytesOf (const juce::File& file)
+{
+    juce::MemoryBlock bytes;
+    REQUIRE (file.loadFileAsData (bytes));
+    return { bytes.begin(), bytes.end() };
+}
+
 std::string expanded (const std::string& text)
 {
     std::string bytes;
@@ -40,42 +47,43 @@ std::string expanded (const std::string& text)
     return bytes;
 }
 
-static juce::StringArray split (const juce::String& text, const juce::String& separator)
+std::string escaped (const std::string& bytes)
 {
-    juce::StringArray parts;
+    std::string text;
 
-    for (auto rest = text + separator; rest.isNotEmpty();
-         rest = rest.fromFirstOccurrenceOf (separator, false, false))
-        parts.add (rest.upToFirstOccurrenceOf (separator, false, false));
+    for (auto byte : bytes)
+        text += juce::isPositiveAndBelow (byte, ' ')
+                    ? "\\x" + juce::String::toHexString (byte).paddedLeft ('0', 2).toStdString()
+                    : std::string (1, byte);
 
-    return parts;
+    return text;
 }
 
-void checkTable (const char* name,
+void checkTable (const juce::String& name,
                  const std::function<std::string (const std::vector<std::string>& columns)>& outcome)
 {
-    const auto file = testFile ("data/" + juce::String (name) + ".txt");
-    auto rows = juce::StringArray::fromLines (file.loadFileAsString());
-    rows.removeEmptyStrings();
-    REQUIRE_FALSE (rows.isEmpty());
+    const auto file = testFile ("data/" + name + ".txt");
+    const auto rows = juce::StringArray::fromLines (file.loadFileAsString());
+    REQUIRE (rows.size() > 1);
 
     for (auto& row : rows)
     {
-        if (row.startsWith ("# "))
+        if (row.isEmpty() || row.startsWith ("# "))
             continue;
 
         INFO (file.getFileName() << ": " << row);
-        const auto sides = split (row, " =>");
-        REQUIRE (sides.size() >= 2);
+        REQUIRE (row.contains (" =>"));
+        const auto call = row.upToFirstOccurrenceOf (" =>", false, false) + " ";
         std::vector<std::string> columns;
 
-        for (auto& column : split (sides[0], " |"))
+        for (auto& column : juce::StringArray::fromTokens (call, "|", {}))
             columns.push_back (expanded (column.trim().toStdString()));
 
+        auto wanted = row.fromFirstOccurrenceOf (" =>", false, false);
 #if JUCE_WINDOWS
-        const auto& wanted = sides[sides.size() - 1];
+        wanted = wanted.fromLastOccurrenceOf (" =>", false, false);
 #else
-        const auto& wanted = sides[1];
+        wanted = wanted.upToFirstOccurrenceOf (" =>", false, false);
 #endif
         CHECK (outcome (columns) == expanded (wanted.trim().toStdString()));
     }

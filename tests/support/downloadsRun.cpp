@@ -2,56 +2,36 @@
 #include "app/installationPaths.h"
 #include "content/store_downloads.h"
 #include "tests/support/alertRobot.h"
-#include "tests/support/waiting.h"
-#include <catch2/catch.hpp>
+#include "tests/support/person.h"
 
-namespace
+void catalogueOwner::handleMessage (const juce::String&, const juce::var&, const juce::var&, const juce::var&)
 {
-/** The dialog that owns the page. */
-struct catalogueOwner : genericlistener
-{
-    juce::Array<DownloadItem> catalogue;
-    bool isListed = false;
-
-    void handleMessage (const juce::String&, const juce::var&, const juce::var&, const juce::var&) override
-    {
-        isListed = true;
-    }
-
-    juce::var handleRequest (const juce::String& text, const juce::var& index, const juce::var&,
-                             const juce::var&) override
-    {
-        const auto item = catalogue[index];
-        const juce::NamedValueSet answers{ { "dl_total", catalogue.size() },
-                                           { "dl_url", item.url },
-                                           { "dl_target", installationFolder + "/" + item.target },
-                                           { "dl_name", item.name },
-                                           { "dl_buildnumber", item.buildnumber },
-                                           { "dl_bdr", item.builddaterequirement },
-                                           { "dl_auth", "token" } };
-        return answers[text];
-    }
-};
+    ++lists;
 }
 
-static juce::Button& buttonOf (const juce::Component& page)
+juce::var catalogueOwner::handleRequest (const juce::String& text, const juce::var& index, const juce::var&,
+                                         const juce::var&)
 {
-    for (auto* child : page.getChildren())
-        if (auto* button = dynamic_cast<juce::Button*> (child))
-            return *button;
-
-    throw std::logic_error ("a page without a button");
+    const auto item = items[index];
+    const juce::NamedValueSet answers{ { "dl_total", items.size() },
+                                       { "dl_url", item.url },
+                                       { "dl_target", installationFolder + "/" + item.target },
+                                       { "dl_name", item.name },
+                                       { "dl_buildnumber", item.buildnumber },
+                                       { "dl_bdr", item.builddaterequirement },
+                                       { "dl_auth", "the token" } };
+    return answers[text];
 }
 
 juce::StringArray runDownloads (const juce::Array<DownloadItem>& catalogue)
 {
     alertRobot robot;
     catalogueOwner owner;
-    owner.catalogue = catalogue;
+    owner.items = catalogue;
     store_downloads page (owner, installationFolder);
-    auto& button = buttonOf (page);
+    auto& button = find<juce::Button> (page, "Download!");
     button.triggerClick();
-    waitFor ("the end of the run", [&] { return owner.isListed && button.isEnabled(); });
+    waitFor ("the end of the run", [&] { return owner.lists == 1 && button.isEnabled(); });
     drainMessages();
-    return robot.texts();
+    return robot.texts;
 }

@@ -1,7 +1,19 @@
 #pragma once
 
 #include "content/DownloadItem.h"
+#include "store/genericlistener.h"
 
-/** Presses the button of a downloads page whose catalogue has these items, and returns the message boxes of that run
-    once it is over. Their targets are below `installationFolder`, and "token" is sent for them. */
+/** Stands in for the dialog that owns a downloads page, and hands out a catalogue. */
+struct catalogueOwner : genericlistener
+{
+    juce::Array<DownloadItem> items;
+    int lists = 0; /**< How often it was told to fetch the catalogue. */
+
+    void handleMessage (const juce::String&, const juce::var&, const juce::var&, const juce::var&) override;
+    juce::var handleRequest (const juce::String& text, const juce::var& index, const juce::var&,
+                             const juce::var&) override;
+};
+
+/** Presses the button of a downloads page whose catalogue has these items, with targets below the installation folder,
+    and returns the message boxes of that run once it is over. */
 juce::StringArray runDownloads (const juce::Array<DownloadItem>& catalogue);

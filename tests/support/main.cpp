@@ -1,8 +1,8 @@
-#define CATCH_CONFIG_RUNNER
+#define CATCH_CONFIG_MAIN
 #include "tests/support/temporaryInstallation.h"
+#include "ui/lookAndFeelKlangora.h"
 #include <catch2/catch.hpp>
 #include <iostream>
-#include <juce_gui_basics/juce_gui_basics.h>
 
 namespace
 {
@@ -18,8 +18,8 @@ struct assertionLogger : juce::Logger
     }
 };
 
-/** The framework for one test case, with a settings folder of its own and the program-wide paths
-    empty. */
+/** The framework for one test case, with the program's look and feel, a settings folder of its own and the
+    program-wide paths empty. */
 struct freshFramework
 {
     freshFramework()
@@ -33,7 +33,8 @@ struct freshFramework
         setenv ("XDG_CONFIG_HOME", settings.getFullPathName().toRawUTF8(), 1);
 #endif
         forgetInstallation();
-        framework = std::make_unique<juce::ScopedJuceInitialiser_GUI>();
+        framework.emplace();
+        lookAndFeelKlangora::install();
     }
 
     /** Lets go of every window: they are owned by the test, or by a dialog that ended with it. */
@@ -52,7 +53,7 @@ struct freshFramework
 
     assertionLogger logger;
     const juce::File settings = juce::File::createTempFile ("rigmart-settings");
-    std::unique_ptr<juce::ScopedJuceInitialiser_GUI> framework;
+    std::optional<juce::ScopedJuceInitialiser_GUI> framework;
 };
 
 /** Every run through a test case gets the framework anew, one for each of its sections: a store dialog that was closed
@@ -94,9 +95,4 @@ extern "C" const char* __lsan_default_suppressions()
 extern "C" const char* __asan_default_options()
 {
     return "allocator_may_return_null=1";
-}
-
-int main (int argc, char* argv[])
-{
-    return std::min (Catch::Session().run (argc, argv), 1);
 }

@@ -9,33 +9,25 @@ struct recordingListener : genericlistener
 {
     juce::StringArray calls;
 
-    /** Answers requests; a void value without it. Called after the request was written down. */
-    std::function<juce::var (const juce::String& text)> answer;
-
-    /** Called with each message after it was written down. */
-    std::function<void (const juce::String& text)> whenTold;
+    /** Called with each text after it was written down; answers it if it is a request. */
+    std::function<juce::var (const juce::String& text)> answer = [] (auto&) { return juce::var(); };
 
     void handleMessage (const juce::String& text, const juce::var& a, const juce::var& b,
                         const juce::var& c) override
     {
-        note (text, a, b, c);
-        juce::NullCheckedInvocation::invoke (whenTold, text);
+        handleRequest (text, a, b, c);
     }
 
     juce::var handleRequest (const juce::String& text, const juce::var& a, const juce::var& b,
                              const juce::var& c) override
     {
-        note (text, a, b, c);
-        return answer != nullptr ? answer (text) : juce::var();
-    }
+        auto line = text;
 
-private:
-    void note (juce::String line, const juce::var& a, const juce::var& b, const juce::var& c)
-    {
         for (auto* argument : { &a, &b, &c })
             if (! argument->isVoid())
                 line << " | " << argument->toString();
 
         calls.add (line);
+        return answer (text);
     }
 };

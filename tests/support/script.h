@@ -1,16 +1,21 @@
 #pragma once
 
 #include "tests/support/alertRobot.h"
+#include "tests/support/person.h"
 #include "tests/support/recordingListener.h"
+#include "tests/support/scriptedServer.h"
+#include "tests/support/temporaryInstallation.h"
 #include <map>
-#include <memory>
 
-/** What one scene of a script happens to: a page, a dialog or a service, set up anew for it, with its owner
-    and with a person at the message boxes. */
+/** What one scene of a script happens to: a page, a dialog or a window, set up anew for it, with its owner, an
+    installation folder, a server that is the store and a person at the message boxes. */
 struct scene
 {
+    scene();
     virtual ~scene() = default;
 
+    temporaryInstallation installation;
+    scriptedServer server;
     alertRobot robot;
     recordingListener owner;
 
@@ -18,16 +23,19 @@ struct scene
         are the arguments; one that is missing is "". */
     std::map<juce::String, std::function<void (const juce::StringArray& arguments)>> acts;
 
-    /** What shows now, line by line. */
-    virtual juce::StringArray look() { return {}; }
+    /** What shows now, line by line: files and requests, and what a scene adds to them. */
+    virtual juce::StringArray look();
 
     /** What happened, other than messages to the owner and boxes. */
     juce::StringArray events;
+
+    /** Notes what a person would find in a component. */
+    void describe (juce::Component&);
 };
 
 /** Plays tests/expected/NAME.txt: "# ..." begins a scene, "> open | A | B" is something that a person, the
     owner or the server does, and below it stands all that came of it: events, what the owner was told or
-    asked, boxes, and what shows that did not before. This run's outcome is compared with that, as every
-    expected text is. Each scene is a section of the test, with a framework of its own and the program's look
-    and feel; one that begins with "# On Linux: " is left out on Windows. */
+    asked, boxes, and what shows that did not before. Each scene is a section of the test, with a framework of
+    its own; one that begins with "# On Linux: " is left out on Windows. A difference fails the test; what was found
+    is written below the build folder, from where `scripts/accept-expected.sh` takes it. */
 void playScript (const juce::String& name, const std::function<std::unique_ptr<scene>()>& begin);

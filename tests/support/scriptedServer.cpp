@@ -17,11 +17,6 @@ juce::String storeAddress()
 }
 
 //==============================================================================
-std::string recordedRequest::line() const
-{
-    return bytes.substr (0, bytes.find ("\r\n"));
-}
-
 std::string recordedRequest::header (const std::string& name) const
 {
     juce::StringArray values;
@@ -40,15 +35,16 @@ std::string recordedRequest::body() const
     return end == std::string::npos ? std::string() : bytes.substr (end + 4);
 }
 
-std::string replyWith (const std::string& status, const std::string& headers, const std::string& body)
+bool recordedRequest::isComplete() const
 {
-    return "HTTP/1.1 " + status + "\r\nConnection: close\r\n" + headers
-           + "Content-Length: " + std::to_string (body.size()) + "\r\n\r\n" + body;
+    return bytes.find ("\r\n\r\n") != std::string::npos
+           && body().size() >= (size_t) std::atoi (header ("Content-Length").c_str());
 }
 
-std::string okReply (const std::string& body, const std::string& contentType)
+std::string okReply (const std::string& body)
 {
-    return replyWith ("200 OK", "Content-Type: " + contentType + "\r\n", body);
+    return "HTTP/1.1 200 OK\r\nConnection: close\r\nContent-Type: text/xml\r\nContent-Length: "
+           + std::to_string (body.size()) + "\r\n\r\n" + body;
 }
 
 //==============================================================================
@@ -63,12 +59,6 @@ static bool receive (juce::StreamingSocket& socket, std::string& bytes)
     const auto count = socket.read (piece, (int) sizeof (piece), false);
     bytes.append (piece, (size_t) juce::jmax (0, count));
     return count > 0;
-}
-
-static bool isComplete (const recordedRequest& request)
-{
-    return request.bytes.find ("\r\n\r\n") != std::string::npos
-           && request.body().size() >= (size_t) std::atoi (request.header ("Content-Length").c_str());
 }
 
 scriptedServer::scriptedServer()
@@ -94,17 +84,14 @@ scriptedServer::~scriptedServer()
 
 scriptedServer& scriptedServer::reply (const std::string& bytes)
 {
-    {
-        const std::lock_guard<std::mutex> guard (lock);
-        replies.emplace_back();
-    }
-
+    const juce::ScopedLock guard (lock);
+    replies.emplace_back();
     return send (bytes);
 }
 
 scriptedServer& scriptedServer::add (const script::value_type& step)
 {
-    const std::lock_guard<std::mutex> guard (lock);
+    const juce::ScopedLock guard (lock);
     replies.back().push_back (step);
     return *this;
 }
@@ -135,11 +122,6 @@ scriptedServer& scriptedServer::waitUntil (const condition& isOver)
     });
 }
 
-scriptedServer& scriptedServer::keep()
-{
-    return add ([this] { isKept = true; });
-}
-
 scriptedServer& scriptedServer::reset()
 {
     return add ([this] {
@@ -149,31 +131,11 @@ scriptedServer& scriptedServer::reset()
     });
 }
 
-std::vector<recordedRequest> scriptedServer::requests() const
-{
-    const std::lock_guard<std::mutex> guard (lock);
-    return received;
-}
-
 //==============================================================================
-/** Waits for bytes on the kept connection, or for a new one. */
-bool scriptedServer::waitForRequest()
-{
-    if (client != nullptr && client->waitUntilReady (true, 5) == 1)
-        return true;
-
-    if (listener.waitUntilReady (true, 5) != 1)
-        return false;
-
-    client.reset (listener.waitForNextConnection());
-    ++opened;
-    return true;
-}
-
 /** Keeps a request, and returns what answers it. */
 scriptedServer::script scriptedServer::replyTo (const recordedRequest& request)
 {
-    const std::lock_guard<std::mutex> guard (lock);
+    const juce::ScopedLock guard (lock);
     received.push_back (request);
     return received.size() > replies.size() ? script() : replies[received.size() - 1];
 }
@@ -182,12 +144,20 @@ void scriptedServer::run()
 {
     while (! stopping)
     {
-        if (! waitForRequest())
-            continue;
+        const auto isAskedAgain = client != nullptr && client->waitUntilReady (true, 5) == 1;
+
+        if (! isAskedAgain)
+        {
+            if (listener.waitUntilReady (true, 5) != 1)
+                continue;
+
+            client.reset (listener.waitForNextConnection());
+            ++opened;
+        }
 
         recordedRequest request;
 
-        while (! stopping && ! isComplete (request) && receive (*client, request.bytes))
+        while (! stopping && ! request.isComplete() && receive (*client, request.bytes))
         {}
 
         isKept = false;
@@ -200,6 +170,4 @@ void scriptedServer::run()
         if (! isKept)
             client.reset();
     }
-
-    client.reset();
 }

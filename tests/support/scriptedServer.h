@@ -3,7 +3,6 @@
 #include <atomic>
 #include <functional>
 #include <juce_core/juce_core.h>
-#include <mutex>
 #include <string>
 #include <thread>
 #include <vector>
@@ -14,13 +13,14 @@ struct recordedRequest
     std::string bytes;
 
     /** The first line, such as "POST /api/auth.cfm HTTP/1.1". */
-    std::string line() const;
+    std::string line() const { return bytes.substr (0, bytes.find ("\r\n")); }
 
     /** What follows "name: ", whatever the case of the name; "" without such a line, joined with "|" when there
         are several. */
     std::string header (const std::string& name) const;
 
     std::string body() const;
+    bool isComplete() const;
 };
 
 /** An HTTP server on the loopback interface that plays exactly the bytes it is told, right or wrong, and keeps
@@ -49,20 +49,32 @@ public:
     /** Appends a reply to the script: these bytes, then the end of the connection unless it is kept. What follows,
         up to the next reply(), adds to it. */
     scriptedServer& reply (const std::string& bytes = {});
-
     scriptedServer& send (const std::string& bytes);
 
     /** Silence until this holds or the client hangs up; without a condition, until then. */
     scriptedServer& waitUntil (const condition& = [] { return false; });
 
+    /** Silence for a while. */
+    scriptedServer& pause (int ms)
+    {
+        return add ([ms] { juce::Thread::sleep (ms); });
+    }
+
     /** The connection ends torn down (RST) instead of closed (FIN). */
     scriptedServer& reset();
 
     /** The connection waits for another request. A client may open a new one instead. */
-    scriptedServer& keep();
+    scriptedServer& keep()
+    {
+        return add ([this] { isKept = true; });
+    }
 
     /** The requests so far. */
-    std::vector<recordedRequest> requests() const;
+    std::vector<recordedRequest> requests() const
+    {
+        const juce::ScopedLock guard (lock);
+        return received;
+    }
 
     /** How many connections there were so far. */
     int connections() const { return opened; }
@@ -71,7 +83,6 @@ private:
     using script = std::vector<std::function<void()>>;
 
     void run();
-    bool waitForRequest();
     script replyTo (const recordedRequest& request);
     scriptedServer& add (const script::value_type&);
 
@@ -80,20 +91,14 @@ private:
 
     std::unique_ptr<juce::StreamingSocket> client; // used by the thread alone
     bool isKept = false;                           // so is this
-    mutable std::mutex lock;                       // guards what follows up to the flag
+    juce::CriticalSection lock;                    // guards what follows up to the flag
     std::vector<script> replies;
     std::vector<recordedRequest> received;
     std::atomic<bool> stopping{ false };
     std::atomic<int> opened{ 0 };
 
     std::thread thread;
-
-    JUCE_DECLARE_NON_COPYABLE (scriptedServer)
 };
 
-/** A well-formed reply: its status, such as "404 Not Found", further header lines, each with its end, and a body
-    with its length. */
-std::string replyWith (const std::string& status, const std::string& headers, const std::string& body = {});
-
 /** A well-formed "200 OK" that ends the connection. */
-std::string okReply (const std::string& body, const std::string& contentType = "text/xml");
+std::string okReply (const std::string& body);

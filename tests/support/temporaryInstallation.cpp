@@ -1,5 +1,6 @@
 #include "tests/support/temporaryInstallation.h"
 #include "app/installationPaths.h"
+#include "base/temporaryFile.h"
 #include <catch2/catch.hpp>
 #include <new>
 
@@ -16,11 +17,17 @@ void forgetInstallation()
     new (&guiArchiveSource) jSimpleArchive();
 }
 
+juce::String abandonedName (const juce::File& folder)
+{
+    const temporaryFile writing (folder, temporaryFile::readers::everybody);
+    REQUIRE (writing.isOpen());
+    return folder.findChildFiles (juce::File::findFiles, false, "rigmart-*").getFirst().getFileName();
+}
+
 temporaryInstallation::temporaryInstallation()
-    : folder (juce::File::createTempFile ("rigmart-install"))
 {
     REQUIRE (folder.createDirectory().wasOk());
-    installationFolder = folder.getFullPathName();
+    installationFolder = path;
 }
 
 temporaryInstallation::~temporaryInstallation()
@@ -29,21 +36,22 @@ temporaryInstallation::~temporaryInstallation()
     folder.deleteRecursively();
 }
 
-juce::File temporaryInstallation::write (const juce::String& path, const juce::MemoryBlock& bytes) const
+juce::File temporaryInstallation::write (const juce::String& name, const juce::MemoryBlock& bytes) const
 {
-    auto file = folder.getChildFile (path);
-    REQUIRE (
-        (file.deleteFile() && file.create().wasOk() && file.appendData (bytes.getData(), bytes.getSize())));
+    auto file = folder.getChildFile (name);
+    file.deleteFile();
+    REQUIRE (file.create().wasOk());
+    REQUIRE (file.appendData (bytes.getData(), bytes.getSize()));
     return file;
 }
 
 juce::StringArray temporaryInstallation::files() const
 {
-    juce::StringArray result;
+    juce::StringArray found;
 
-    for (auto& entry : juce::RangedDirectoryIterator (folder, true, "*", juce::File::findFiles))
-        result.add (entry.getFile().getRelativePathFrom (folder).replaceCharacter ('\\', '/'));
+    for (auto& file : folder.findChildFiles (juce::File::findFiles, true))
+        found.add (file.getRelativePathFrom (folder).replaceCharacter ('\\', '/'));
 
-    result.sort (false);
-    return result;
+    found.sort (false);
+    return found;
 }
