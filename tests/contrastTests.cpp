@@ -81,70 +81,58 @@ TEST_CASE ("every text can be read on what it stands on")
         const auto panel = skin.overlaidWith (juce::Colour (palette::pagePanel));
         const auto list = panel.overlaidWith (juce::Colour (palette::well));
         const auto box = skin.overlaidWith (juce::Colour (palette::panel).withAlpha (0.7f));
-        const struct
-        {
-            const char* where;
-            juce::Colour ground;
-            juce::uint32 text;
-        } rows[] = {
-            { "a page's text", panel, palette::text },
-            { "the password hint", skin, palette::text },
-            { "the address in it, and a heading", skin, palette::accent },
-            { "Caps Lock", panel, palette::accent },
-            { "an item that is installed", list, palette::text },
-            { "an item that is current", list, palette::quietText },
-            { "an item that failed", list, palette::failure },
-            { "an item that is too new", list, palette::accent },
-            { "the title", skin.overlaidWith (juce::Colour (0x33ffffff)), palette::text },
-            { "a menu's chosen item",
-              skin.overlaidWith (juce::Colour (0x55000000)).overlaidWith (juce::Colour (0x40ffffff)),
-              palette::brightText },
-            { "a button of the bar", skin, 0xa8000000 | (palette::text & 0xffffff) },
-            { "a message box", box, palette::text },
-            { "a tooltip", juce::Colour (palette::panel), palette::text },
-            { "selected text", panel.overlaidWith (juce::Colour (palette::selection)), palette::brightText },
+        const auto menu =
+            skin.overlaidWith (juce::Colour (0x55000000)).overlaidWith (juce::Colour (0x40ffffff));
+        const std::tuple<const char*, juce::Colour, std::vector<juce::uint32>> rows[] = {
+            { "a page's text, and Caps Lock", panel, { palette::text, palette::accent } },
+            { "the password hint, with its address, and a heading",
+              skin,
+              { palette::text, palette::accent } },
+            { "a button of the bar", skin, { 0xa8000000 | (palette::text & 0xffffff) } },
+            { "an item that is installed, current, failed or too new",
+              list,
+              { palette::text, palette::quietText, palette::failure, palette::accent } },
+            { "the title", skin.overlaidWith (juce::Colour (0x33ffffff)), { palette::text } },
+            { "a menu's chosen item", menu, { palette::brightText } },
+            { "a message box", box, { palette::text } },
+            { "a tooltip", juce::Colour (palette::panel), { palette::text } },
+            { "selected text",
+              panel.overlaidWith (juce::Colour (palette::selection)),
+              { palette::brightText } },
         };
 
-        for (auto& row : rows)
-        {
-            INFO (row.where << " on " << row.ground.toDisplayString (false));
-            CHECK (contrast (row.ground, row.ground.overlaidWith (juce::Colour (row.text))) >= forText);
-        }
+        for (auto& [where, ground, texts] : rows)
+            for (const auto text : texts)
+            {
+                INFO (where << ": " << juce::String::toHexString ((int) text) << " on " << ground.toString());
+                CHECK (contrast (ground, ground.overlaidWith (juce::Colour (text))) >= forText);
+            }
     }
 }
 
 TEST_CASE ("every control stands out from its ground, and its text from its body")
 {
+    juce::TextButton button, pointedAt, pressed;
+    juce::ToggleButton toggle;
+    juce::TextEditor editor;
+    struct : juce::Component
+    {
+        void paint (juce::Graphics& g) override { drawProgress (g, getLocalBounds(), 0.5); }
+    } progress;
+    pointedAt.setState (juce::Button::buttonOver);
+    pressed.setState (juce::Button::buttonDown);
+
     for (auto skin : extremesOfSkin())
         for (auto ground : { skin, skin.overlaidWith (juce::Colour (palette::pagePanel)) })
-        {
-            INFO ("on " << ground.toDisplayString (false));
-
-            for (auto state :
-                 { juce::Button::buttonNormal, juce::Button::buttonOver, juce::Button::buttonDown })
+            for (auto* control : std::initializer_list<juce::Component*>{ &button, &pointedAt, &pressed,
+                                                                          &toggle, &editor, &progress })
             {
-                juce::TextButton button;
-                button.setState (state);
-                const onGround shown (button, ground);
-                INFO ("button in state " << (int) state);
-                CHECK (shown.edge() >= forEdges);
+                const onGround shown (*control, ground);
+                INFO (typeid (*control).name() << " on " << ground.toDisplayString (false));
+                CHECK (shown.edge (control == &toggle ? 8 : 0) >= forEdges);
                 CHECK (contrast (shown.inside(), juce::Colour (palette::text)) >= forText);
+
+                if (control == &progress)
+                    CHECK (contrast (shown.inside(), shown.picture.getPixelAt (60, 32)) >= forEdges);
             }
-
-            juce::ToggleButton toggle;
-            CHECK (onGround (toggle, ground).edge (8) >= forEdges);
-
-            juce::TextEditor editor;
-            const onGround field (editor, ground);
-            CHECK (field.edge() >= forEdges);
-            CHECK (contrast (field.inside(), juce::Colour (palette::text)) >= forText);
-
-            struct : juce::Component
-            {
-                void paint (juce::Graphics& g) override { drawProgress (g, getLocalBounds(), 0.5); }
-            } progress;
-            const onGround track (progress, ground);
-            CHECK (track.edge() >= forEdges);
-            CHECK (contrast (track.inside(), track.picture.getPixelAt (60, 32)) >= forEdges);
-        }
 }

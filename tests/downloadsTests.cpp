@@ -17,6 +17,7 @@ struct downloadsPage : scene, catalogueOwner
 
     downloadsPage()
     {
+        whenCalled = [this] (auto& call) { note (call); };
         page->addToDesktop (0);
         page->setVisible (true);
         acts["item"] = [this] (auto& a) { items.add (itemOf (a)); };
@@ -57,21 +58,15 @@ struct downloadsPage : scene, catalogueOwner
         waitFor ("the catalogue", [this, wanted = lists + 1] { return lists == wanted; });
     }
 
-    void handleMessage (const juce::String& text, const juce::var& a, const juce::var& b,
-                        const juce::var& c) override
+    void note (const juce::String& call)
     {
-        events.add (text + (button().isEnabled() ? ", the button is enabled" : ""));
-        catalogueOwner::handleMessage (text, a, b, c);
+        if (call != "list")
+            events.addIfNotAlreadyThere ("status: " + status());
+        else
+            events.add (button().isEnabled() ? "list, the button is enabled" : "list");
 
-        if (! canList)
+        if (call == "list" && ! canList)
             showAttention ("The catalogue failed.");
-    }
-
-    juce::var handleRequest (const juce::String& text, const juce::var& a, const juce::var& b,
-                             const juce::var& c) override
-    {
-        events.addIfNotAlreadyThere ("status: " + status());
-        return catalogueOwner::handleRequest (text, a, b, c);
     }
 
     juce::StringArray look() override

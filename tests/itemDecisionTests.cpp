@@ -25,12 +25,9 @@ struct installedItems : scene
     /** Decides about an item of a build below a folder of the installation, with the program that it requires. */
     void decide (const juce::String& target, int build, const juce::String& requirement)
     {
-        static const std::map<itemDecision, const char*> names{ { itemDecision::blocked, "blocked" },
-                                                                { itemDecision::misplaced, "misplaced" },
-                                                                { itemDecision::current, "current" },
-                                                                { itemDecision::needed, "needed" } };
+        static const char* const names[] = { "blocked", "misplaced", "current", "needed" };
         const auto folder = installation.path + "/items";
-        events.add (names.at (decideItem ({ {}, folder + target, {}, build, requirement }, folder)));
+        events.add (names[(int) decideItem ({ {}, folder + target, {}, build, requirement }, folder)]);
     }
 };
 }

@@ -83,9 +83,8 @@ static juce::StringArray picturesIn (const char* folder)
 }
 
 // Hidden, because it runs after these have been fetched.
-TEST_CASE (
-    "the pictures of the PNG library's suite and of the JPEG library are such, and none when cut anywhere",
-    "[.foreignPictures]")
+TEST_CASE ("the pictures of the PNG and the JPEG library are such, and none when cut anywhere",
+           "[.foreignPictures]")
 {
     CHECK (picturesIn ("contrib/pngsuite").size() > 40);
     CHECK (picturesIn ("testimages")

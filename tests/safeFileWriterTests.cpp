@@ -24,6 +24,7 @@ namespace
 struct writing : scene
 {
     std::unique_ptr<safeFileWriter> underWay;
+    std::unique_ptr<juce::FileInputStream> reader; // on Windows it lets others read and write, but not rename
 
     writing()
     {
@@ -32,6 +33,7 @@ struct writing : scene
         acts["begin to write"] = [this] (auto& a) {
             underWay = std::make_unique<safeFileWriter> (fileAt (a[0]));
         };
+        acts["another program reads"] = [this] (auto& a) { reader = fileAt (a[0]).createInputStream(); };
         acts["end"] = [this] (auto&) { note (underWay->commit()); };
     }
 
@@ -49,17 +51,6 @@ TEST_CASE ("files are written, or not, as the script says")
     playScript ("writing-script", [] { return std::make_unique<writing>(); });
 }
 
-#if JUCE_WINDOWS
-TEST_CASE_METHOD (temporaryInstallation, "a file that another program reads stays as it was")
-{
-    const auto old = write ("old.sa", "old");
-    const juce::FileInputStream reader (old); // lets others read and write, but not rename
-    CHECK_FALSE (replace (old));
-    CHECK (old.loadFileAsString() == "old");
-    CHECK (files() == juce::StringArray{ "old.sa" });
-}
-#endif
-
 TEST_CASE_METHOD (temporaryInstallation, "the name of a temporary file is known as one, and is no target")
 {
     const auto name = abandonedName (folder);
@@ -69,8 +60,7 @@ TEST_CASE_METHOD (temporaryInstallation, "the name of a temporary file is known 
 }
 
 #if JUCE_LINUX
-TEST_CASE_METHOD (temporaryInstallation,
-                  "pipes, links and other people's files under such a name are in nobody's way, and unharmed")
+TEST_CASE_METHOD (temporaryInstallation, "pipes, links and others' files under such a name stay unharmed")
 {
     const auto secret = write ("elsewhere/secret", "secret");
     const auto item = write ("items/item.sa", "old"), items = item.getParentDirectory();

@@ -4,10 +4,13 @@
 #include "ui/lookAndFeelKlangora.h"
 #include <catch2/catch.hpp>
 
+static const juce::String
+    valuePath ("HKEY_LOCAL_MACHINE\\SOFTWARE\\Dorvik Electronics\\Klangora 4\\InstallationDir");
+
 #if JUCE_WINDOWS
-static void setRegistryValue (const juce::String& path, const juce::String& value)
+static void setRegistryValue (const juce::String& value)
 {
-    REQUIRE (juce::WindowsRegistry::setValue (path, value));
+    REQUIRE (juce::WindowsRegistry::setValue (valuePath, value));
 }
 #else
 static juce::File settingsFile()
@@ -18,10 +21,10 @@ static juce::File settingsFile()
     return file;
 }
 
-static void setRegistryValue (const juce::String& path, const juce::String& value)
+static void setRegistryValue (const juce::String& value)
 {
     juce::PropertiesFile settings (settingsFile(), juce::PropertiesFile::Options());
-    settings.setValue (path, value);
+    settings.setValue (valuePath, value);
 }
 #endif
 
@@ -36,7 +39,7 @@ struct start : scene
     {
         forgetInstallation();
         acts["the registry says"] = [this] (auto& a) {
-            setRegistryValue (a[0], a[1].replace ("FOLDER", installation.path).replace ("\\n", "\n"));
+            setRegistryValue (a[0].replace ("FOLDER", installation.path).replace ("\\n", "\n"));
         };
 #if ! JUCE_WINDOWS
         acts["the settings are damaged"] = [] (auto&) {

@@ -7,11 +7,13 @@
 void catalogueOwner::handleMessage (const juce::String&, const juce::var&, const juce::var&, const juce::var&)
 {
     ++lists;
+    whenCalled ("list");
 }
 
 juce::var catalogueOwner::handleRequest (const juce::String& text, const juce::var& index, const juce::var&,
                                          const juce::var&)
 {
+    whenCalled (text);
     const auto item = items[index];
     const juce::NamedValueSet answers{ { "dl_total", items.size() },
                                        { "dl_url", item.url },

@@ -18,16 +18,34 @@ struct assertionLogger : juce::Logger
     }
 };
 
-/** The framework for one test case, with the program's look and feel, a settings folder of its own and the
-    program-wide paths empty. */
-struct freshFramework
+/** Every run through a test case gets the framework anew, one for each of its sections, with the program's look and feel,
+    a settings folder of its own and the program-wide paths empty: a store dialog that was closed ends the message
+    manager, and no test may see another's windows, timers or animations. */
+struct frameworkPerRun : Catch::TestEventListenerBase
 {
-    freshFramework()
+    using TestEventListenerBase::TestEventListenerBase;
+
+    void sectionStarting (const Catch::SectionInfo&) override
+    {
+        if (depth++ == 0)
+            start();
+    }
+
+    void sectionEnded (const Catch::SectionStats&) override
+    {
+        if (--depth == 0)
+            end();
+    }
+
+    bool assertionEnded (const Catch::AssertionStats&) override { return false; }
+
+    void start()
     {
         // Without an application to create, the framework installs no handler for X errors and the first one
         // ends the process.
         juce::JUCEApplicationBase::createInstance = []() -> juce::JUCEApplicationBase* { return nullptr; };
         juce::Logger::setCurrentLogger (&logger);
+        settings = juce::File::createTempFile ("rigmart-settings");
         settings.createDirectory();
 #if ! JUCE_WINDOWS
         setenv ("XDG_CONFIG_HOME", settings.getFullPathName().toRawUTF8(), 1);
@@ -38,7 +56,7 @@ struct freshFramework
     }
 
     /** Lets go of every window: they are owned by the test, or by a dialog that ended with it. */
-    ~freshFramework()
+    void end()
     {
         auto& desktop = juce::Desktop::getInstance();
         desktop.getAnimator().cancelAllAnimations (false);
@@ -51,33 +69,10 @@ struct freshFramework
         settings.deleteRecursively();
     }
 
-    assertionLogger logger;
-    const juce::File settings = juce::File::createTempFile ("rigmart-settings");
-    std::optional<juce::ScopedJuceInitialiser_GUI> framework;
-};
-
-/** Every run through a test case gets the framework anew, one for each of its sections: a store dialog that was closed
-    ends the message manager, and no test may see another's windows, timers or animations. */
-struct frameworkPerRun : Catch::TestEventListenerBase
-{
-    using TestEventListenerBase::TestEventListenerBase;
-
-    void sectionStarting (const Catch::SectionInfo&) override
-    {
-        if (depth++ == 0)
-            framework.emplace();
-    }
-
-    void sectionEnded (const Catch::SectionStats&) override
-    {
-        if (--depth == 0)
-            framework.reset();
-    }
-
-    bool assertionEnded (const Catch::AssertionStats&) override { return false; }
-
     int depth = 0;
-    std::optional<freshFramework> framework;
+    assertionLogger logger;
+    juce::File settings;
+    std::optional<juce::ScopedJuceInitialiser_GUI> framework;
 };
 }
 

@@ -36,6 +36,6 @@ struct scene
 /** Plays tests/expected/NAME.txt: "# ..." begins a scene, "> open | A | B" is something that a person, the
     owner or the server does, and below it stands all that came of it: events, what the owner was told or
     asked, boxes, and what shows that did not before. Each scene is a section of the test, with a framework of
-    its own; one that begins with "# On Linux: " is left out on Windows. A difference fails the test; what was found
+    its own; one that begins with "# On Linux: " or "# On Windows: " is for that alone. A difference fails the test; what was found
     is written below the build folder, from where `scripts/accept-expected.sh` takes it. */
 void playScript (const juce::String& name, const std::function<std::unique_ptr<scene>()>& begin);

@@ -20,24 +20,17 @@ juce::String storeAddress()
 std::string recordedRequest::header (const std::string& name) const
 {
     juce::StringArray values;
-    const auto head = juce::String (bytes.substr (0, bytes.find ("\r\n\r\n")));
 
-    for (auto& headerLine : juce::StringArray::fromLines (head))
+    for (auto& headerLine : juce::StringArray::fromLines (head()))
         if (headerLine.startsWithIgnoreCase (name + ": "))
             values.add (headerLine.fromFirstOccurrenceOf (": ", false, false));
 
     return values.joinIntoString ("|").toStdString();
 }
 
-std::string recordedRequest::body() const
-{
-    const auto end = bytes.find ("\r\n\r\n");
-    return end == std::string::npos ? std::string() : bytes.substr (end + 4);
-}
-
 bool recordedRequest::isComplete() const
 {
-    return bytes.find ("\r\n\r\n") != std::string::npos
+    return bytes.size() >= head().size() + 4
            && body().size() >= (size_t) std::atoi (header ("Content-Length").c_str());
 }
 

@@ -12,6 +12,9 @@ struct recordedRequest
 {
     std::string bytes;
 
+    std::string head() const { return bytes.substr (0, bytes.find ("\r\n\r\n")); }
+    std::string body() const { return bytes.substr (std::min (bytes.size(), head().size() + 4)); }
+
     /** The first line, such as "POST /api/auth.cfm HTTP/1.1". */
     std::string line() const { return bytes.substr (0, bytes.find ("\r\n")); }
 
@@ -19,7 +22,6 @@ struct recordedRequest
         are several. */
     std::string header (const std::string& name) const;
 
-    std::string body() const;
     bool isComplete() const;
 };
 
