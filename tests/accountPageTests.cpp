@@ -32,7 +32,8 @@ struct accountPage : scene
     {
         opened.clear();
         capsLock = false;
-        acts["open"] = [this] (auto&) { open(); };
+        acts["open"] = [this] (auto&) { open (installation.path); };
+        acts["open without a folder"] = [this] (auto&) { open ("relative"); };
         acts["the answer will be"] = [this] (auto& a) { answer = juce::JSON::fromString (a[0]); };
         acts["the page goes when it asks"] = [this] (auto&) { goesWhenAsking = true; };
         acts["the page goes while a box is open"] = [this] (auto&) {
@@ -54,12 +55,12 @@ struct accountPage : scene
         acts["right click the hint"] = [this] (auto& a) { openMenu (hint(), placeInHint (a[0])); };
         acts["right click"] = [this] (auto& a) { openMenu (field (a[0]), 20); };
         owner.answer = [this] (auto& request) { return answerTo (request); };
-        open();
+        open (installation.path);
     }
 
-    void open()
+    void open (const juce::String& folder)
     {
-        page = std::make_unique<store_auth> (owner, installation.path);
+        page = std::make_unique<store_auth> (owner, folder);
         page->addToDesktop (0);
         page->setVisible (true);
     }

@@ -121,14 +121,18 @@ TEST_CASE ("every control stands out from its ground, and its text from its body
     } progress;
     pointedAt.setState (juce::Button::buttonOver);
     pressed.setState (juce::Button::buttonDown);
+    const std::pair<const char*, juce::Component*> controls[] = {
+        { "a button", &button },       { "a button under the mouse", &pointedAt },
+        { "a pressed one", &pressed }, { "a toggle", &toggle },
+        { "an editor", &editor },      { "a progress bar", &progress },
+    };
 
     for (auto skin : extremesOfSkin())
         for (auto ground : { skin, skin.overlaidWith (juce::Colour (palette::pagePanel)) })
-            for (auto* control : std::initializer_list<juce::Component*>{ &button, &pointedAt, &pressed,
-                                                                          &toggle, &editor, &progress })
+            for (auto& [name, control] : controls)
             {
                 const onGround shown (*control, ground);
-                INFO (typeid (*control).name() << " on " << ground.toDisplayString (false));
+                INFO (name << " on " << ground.toDisplayString (false));
                 CHECK (shown.edge (control == &toggle ? 8 : 0) >= forEdges);
                 CHECK (contrast (shown.inside(), juce::Colour (palette::text)) >= forText);
 

@@ -73,6 +73,8 @@ struct dialogInHolder : scene
     std::unique_ptr<holder> window = std::make_unique<holder> (events);
     juce::TextButton control{ "control" };
     juce::Component::SafePointer<testDialog> made;
+    juce::String lastMoment; // at which the dialog is deleted
+    bool isFinishedAgain = false;
 
     dialogInHolder()
     {
@@ -95,10 +97,10 @@ struct dialogInHolder : scene
         };
         acts["enable"] = [this] (auto& a) { control.setEnabled (a[0] == "yes"); };
         acts["focus"] = [this] (auto& a) { find<juce::Component> (*window, a[0]).grabKeyboardFocus(); };
-        acts["focus the overlay"] = [this] (auto&) { dialog().overlay().grabKeyboardFocus(); };
 
-        acts["point at the bar"] = [this] (auto& a) { mouse (dialog().bar(), a[0].getIntValue(), 12); };
-        acts["point above the bar"] = [this] (auto&) { mouse (dialog().bar(), 100, -5); };
+        acts["point at the bar"] = [this] (auto& a) {
+            mouse (dialog().bar(), a[0].getIntValue(), a[1].getIntValue());
+        };
         acts["click the bar"] = [this] (auto& a) { click (dialog().bar(), a[0].getIntValue(), 12); };
         acts["click the overlay"] = [this] (auto&) { click (dialog().overlay(), 3, 3); };
         acts["wheel and zoom at"] = [this] (auto& a) { turnAndZoom (a[0].getIntValue()); };
@@ -115,21 +117,15 @@ struct dialogInHolder : scene
         };
         acts["delete the holder"] = [this] (auto&) { window.reset(); };
         acts["delete the overlay"] = [this] (auto&) { delete &dialog().overlay(); };
-        acts["delete the dialog at"] = [this] (auto& a) {
-            owner.answer = [this, moment = a[0]] (auto& text) {
-                if (text == moment)
-                    delete &dialog();
+        acts["delete the dialog at"] = [this] (auto& a) { lastMoment = a[0]; };
+        acts["finish it again whenever it tells"] = [this] (auto&) { isFinishedAgain = true; };
+        owner.answer = [this] (auto& text) {
+            if (text == lastMoment)
+                delete &dialog();
+            else if (isFinishedAgain && text != "close")
+                dialog().done();
 
-                return juce::var();
-            };
-        };
-        acts["finish it again whenever it tells"] = [this] (auto&) {
-            owner.answer = [this] (auto& text) {
-                if (text != "close")
-                    dialog().done();
-
-                return juce::var();
-            };
+            return juce::var();
         };
     }
 

@@ -84,7 +84,7 @@ TEST_CASE ("the downloads page does what the script says")
 }
 
 TEST_CASE_METHOD (temporaryInstallation,
-                  "a body in several chunks is written whole, and ends where there is no memory for more")
+                  "a body is written whole, chunk by chunk, and ends where there is no memory")
 {
     juce::MemoryInputStream source ("twelve bytes", 12, false);
     receiveBuffer body (5), endless (std::numeric_limits<size_t>::max() / 4);

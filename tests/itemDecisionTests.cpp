@@ -14,20 +14,17 @@ struct installedItems : scene
     installedItems()
     {
         acts["remove"] = [this] (auto& a) { REQUIRE (installation.folder.getChildFile (a[0]).deleteFile()); };
-        acts["decide"] = [this] (auto& a) { decide (a[0], a[1].getIntValue(), a[2]); };
 #if ! JUCE_WINDOWS
         acts["pipe"] = [this] (auto& a) {
             REQUIRE (mkfifo ((installation.path + "/" + a[0]).toRawUTF8(), 0600) == 0);
         };
 #endif
-    }
-
-    /** Decides about an item of a build below a folder of the installation, with the program that it requires. */
-    void decide (const juce::String& target, int build, const juce::String& requirement)
-    {
-        static const char* const names[] = { "blocked", "misplaced", "current", "needed" };
-        const auto folder = installation.path + "/items";
-        events.add (names[(int) decideItem ({ {}, folder + target, {}, build, requirement }, folder)]);
+        acts["decide"] = [this] (auto& a) { // about a target, a build and the program that it requires
+            static const char* const names[] = { "blocked", "misplaced", "current", "needed" };
+            const auto folder = installation.path + "/items";
+            const DownloadItem item{ {}, folder + a[0], {}, a[1].getIntValue(), a[2] };
+            events.add (names[(int) decideItem (item, folder)]);
+        };
     }
 };
 }

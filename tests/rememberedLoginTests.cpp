@@ -11,11 +11,6 @@ TEST_CASE_METHOD (temporaryInstallation, "a login that would be too long to load
     CHECK (remembered.load()->address == "short");
 }
 
-TEST_CASE ("without an absolute folder there is no remembered login")
-{
-    CHECK_FALSE (rememberedLogin ("relative").load().has_value());
-}
-
 TEST_CASE_METHOD (temporaryInstallation, "whatever stands in the file, loading gives two texts or nothing")
 {
     checkTable ("rememberedLogin", [&] (auto& columns) {

@@ -25,7 +25,11 @@ struct openStore : scene
         acts["describe boxes"] = [this] (auto&) { robot.whileOpen = [this] { describeBox(); }; };
 
         acts["reply"] = [this] (auto& a) { server.reply (okReply (expanded (a[0].toStdString()))); };
-        acts["ask"] = [this] (auto& a) { ask (a); };
+        acts["ask"] = [this] (auto& a) {
+            const auto answer = store().handleRequest (a[0], a[1], a[2], {});
+            const auto isText = answer.isString();
+            events.add ("answer: " + (isText ? answer.toString().quoted() : juce::JSON::toString (answer)));
+        };
         acts["tell"] = [this] (auto& a) { store().handleMessage (a[0], {}, {}, {}); };
         acts["wait for the focus"] = [] (auto& a) {
             waitFor ("the focus", [&] { return focusedText() == a[0]; });
@@ -72,17 +76,10 @@ struct openStore : scene
         events.add (juce::String (isQuestion ? "question: " : "info: ") + box.getDescription());
 
         for (auto* button : findAll<juce::TextButton> (box))
-            for (auto key : { juce::KeyPress::returnKey, juce::KeyPress::escapeKey })
-                if (button->isRegisteredForShortcut (juce::KeyPress (key)))
-                    events.add ("button " + textOf (*button) + ": "
-                                + juce::KeyPress (key).getTextDescription());
-    }
-
-    void ask (const juce::StringArray& a)
-    {
-        const auto answer = store().handleRequest (a[0], a[1], a[2], {});
-        events.add ("answer: "
-                    + (answer.isString() ? answer.toString().quoted() : juce::JSON::toString (answer)));
+            for (auto key :
+                 { juce::KeyPress (juce::KeyPress::returnKey), juce::KeyPress (juce::KeyPress::escapeKey) })
+                if (button->isRegisteredForShortcut (key))
+                    events.add ("button " + textOf (*button) + ": " + key.getTextDescription());
     }
 
     juce::StringArray look() override
