@@ -1,5 +1,4 @@
 #include "base/boundedReading.h"
-#include "content/jSimpleArchive.h"
 #include "content/jSimpleArchiveDirectory.h"
 #include "sandbox/archiveWriter.h"
 #include "tests/support/alertRobot.h"
@@ -62,8 +61,8 @@ TEST_CASE ("each archive of tests/data/archives answers as stands beside it")
         for (auto& line : juce::StringArray::fromLines (text.upToFirstOccurrenceOf ("\n---", false, false)))
         {
             INFO (file.getFileName() << ", " << line);
-            const auto answer = ask (archive, line.upToLastOccurrenceOf (": ", false, false));
-            CHECK (answer == expanded (line.fromLastOccurrenceOf (": ", false, false).toStdString()));
+            CHECK (ask (archive, line.upToLastOccurrenceOf (": ", false, false))
+                   == expanded (line.fromLastOccurrenceOf (": ", false, false).toStdString()));
         }
     }
 }
@@ -105,8 +104,7 @@ TEST_CASE ("what is no archive stays invalid, and only an unknown version under 
            == "The packed archive " + path + " can't be opened because it's a old version.");
 }
 
-TEST_CASE_METHOD (temporaryInstallation, "a folder is served as an archive, and nothing outside it; what one "
-                                         "does not have is asked of its fallback")
+TEST_CASE_METHOD (temporaryInstallation, "a folder and its fallbacks are served, and nothing outside them")
 {
     const auto secret = write ("secret.txt", "outside").getFullPathName();
     write ("item/sub/inner.txt", "inner");

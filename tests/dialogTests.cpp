@@ -1,7 +1,7 @@
+#include "tests/support/componentText.h"
 #include "tests/support/script.h"
 #include "ui/dialogRectTable.h"
 #include "ui/jpseudomodaldialog.h"
-#include "ui/openDialogList.h"
 #include <catch2/catch.hpp>
 
 namespace
@@ -79,7 +79,7 @@ struct dialogInHolder : scene
     dialogInHolder()
     {
         acts["open"] = [this] (auto& a) { open (a); };
-        acts["describe"] = [this] (auto&) { describe (*window); };
+        acts["describe"] = [this] (auto&) { events.addArray (componentText (*window)); };
         acts["size"] = [this] (auto& a) { dialog().setDialogSize (a[0].getIntValue(), a[1].getIntValue()); };
         acts["place"] = [this] (auto&) { dialog().placeDialog(); };
         acts["size the holder"] = [this] (auto& a) {

@@ -139,10 +139,8 @@ static juce::String install (const juce::File& folder, systemFault* planned = nu
             server.reply (okReply ({ item.begin(), item.end() }));
     }
 
-    fault = planned;
-    const auto boxes = runDownloads (catalogue);
-    fault = nullptr;
-    return boxes.joinIntoString ("\n");
+    const juce::ScopedValueSetter<systemFault*> happening (fault, planned, nullptr);
+    return runDownloads (catalogue).joinIntoString ("\n");
 }
 
 /** One installation with a fault, in a folder where one item is there in an older build, and the other not at all.
@@ -199,14 +197,14 @@ static void installWithEach (const char* call, const char* later)
     CHECK (number > 1);
 }
 
-TEST_CASE ("whichever call of the system fails, an item is the old or the new one, and nothing else stays")
+TEST_CASE ("whichever call of the system fails, an item is old or new, and nothing else stays")
 {
     const auto* call = GENERATE ("open", "write", "short", "fsync", "close", "rename", "mkdir", "stat");
     installWithEach (call, "none");
     installWithEach (call, call);
 }
 
-TEST_CASE ("wherever an installation is killed, an item is the old or the new one, and the next run ends it")
+TEST_CASE ("wherever an installation is killed, an item is old or new, and the next one ends it")
 {
     installWithEach (GENERATE ("open", "write", "rename", "mkdir"), "all");
 }

@@ -29,20 +29,20 @@ struct writing : scene
     writing()
     {
         acts["folder"] = [this] (auto& a) { REQUIRE (fileAt (a[0]).createDirectory().wasOk()); };
-        acts["write"] = [this] (auto& a) { note (replace (fileAt (a[0]), a[1])); };
+        acts["write"] = [this] (auto& a) {
+            events.add (replace (fileAt (a[0]), a[1]) ? "written" : "not written");
+        };
         acts["begin to write"] = [this] (auto& a) {
             underWay = std::make_unique<safeFileWriter> (fileAt (a[0]));
         };
         acts["another program reads"] = [this] (auto& a) { reader = fileAt (a[0]).createInputStream(); };
-        acts["end"] = [this] (auto&) { note (underWay->commit()); };
+        acts["end"] = [this] (auto&) { events.add (underWay->commit() ? "written" : "not written"); };
     }
 
     juce::File fileAt (const juce::String& name) const
     {
         return installation.folder.getChildFile (expanded (name.toStdString()));
     }
-
-    void note (bool isWritten) { events.add (isWritten ? "written" : "not written"); }
 };
 }
 

@@ -1,6 +1,7 @@
 #include "app/installationPaths.h"
 #include "store/jStoreDialog.h"
 #include "store/showAttention.h"
+#include "tests/support/componentText.h"
 #include "tests/support/dataTable.h"
 #include "tests/support/script.h"
 #include "ui/busyCursor.h"
@@ -20,7 +21,9 @@ struct openStore : scene
         };
         acts["open"] = [this] (auto&) { dialog = new jStoreDialog (nullptr); };
         acts["press"] = [this] (auto& a) { find<juce::Button> (store(), a[0]).triggerClick(); };
-        acts["describe the window"] = [this] (auto&) { describe (*store().getTopLevelComponent()); };
+        acts["describe the window"] = [this] (auto&) {
+            events.addArray (componentText (*store().getTopLevelComponent()));
+        };
         acts["describe the page"] = [this] (auto&) { describePages(); };
         acts["describe boxes"] = [this] (auto&) { robot.whileOpen = [this] { describeBox(); }; };
 
@@ -64,7 +67,7 @@ struct openStore : scene
 
         for (auto* page : store().getChildren())
             if (page->isVisible())
-                describe (*page);
+                events.addArray (componentText (*page));
     }
 
     /** The box that is open, without what depends on the fonts of the machine. */

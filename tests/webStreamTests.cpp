@@ -151,10 +151,9 @@ extern "C"
         va_end (arguments);
         options[option] = (long) value;
 
-        if (hurries && (option == CURLOPT_CONNECTTIMEOUT || option == CURLOPT_LOW_SPEED_TIME))
-            return __real_curl_easy_setopt (curl, option, 1L);
-
-        return __real_curl_easy_setopt (curl, option, value);
+        const auto isLimit = option == CURLOPT_CONNECTTIMEOUT || option == CURLOPT_LOW_SPEED_TIME;
+        return hurries && isLimit ? __real_curl_easy_setopt (curl, option, 1L)
+                                  : __real_curl_easy_setopt (curl, option, value);
     }
 
     int __wrap_nanosleep (const timespec* duration, timespec* remaining)
@@ -179,7 +178,7 @@ TEST_CASE ("a request never sleeps, and may be silent for 30 seconds")
 
 TEST_CASE ("a silent server ends a request, whatever signals interrupt it")
 {
-    hurries = true;
+    const juce::ScopedValueSetter<bool> hurrying (hurries, true, false);
     struct sigaction interrupting = {}; // as the framework's own handler of Ctrl+C interrupts
     interrupting.sa_handler = [] (int) {};
     sigaction (SIGUSR1, &interrupting, nullptr);
@@ -189,6 +188,5 @@ TEST_CASE ("a silent server ends a request, whatever signals interrupt it")
     CHECK (ask (server.origin(), "a=b").stream == nullptr);
     server.reply ("HTTP/1.1 200 OK\r\nContent-Length: 50\r\n\r\nhalf").waitUntil();
     CHECK (bodyOf (ask (server.origin(), "a=b")) == "half");
-    hurries = false;
 }
 #endif

@@ -139,7 +139,7 @@ TEST_CASE ("a tooltip keeps clear of the mouse, inside its area, and says nothin
     CHECK (area.contains (at (2000, -50)));
 }
 
-TEST_CASE ("a message box fits the screen with its buttons; all of its text can be scrolled to and copied")
+TEST_CASE ("a message box fits the screen with its buttons; all its text can be scrolled to and copied")
 {
     const auto screen = juce::Desktop::getInstance().getDisplays().getPrimaryDisplay()->userArea;
     const auto times = juce::String::repeatedString;

@@ -49,35 +49,36 @@ static juce::String describe (const juce::Component& c)
     return {};
 }
 
-static void append (juce::String& text, juce::Component& c, int depth)
+static void append (juce::StringArray& lines, juce::Component& c, int depth)
 {
     const auto description = describe (c);
-    const auto bounds = depth == 0 ? c.getLocalBounds() : c.getBounds();
-    text << juce::String::repeatedString ("  ", depth) << bounds.toString() << " "
+    auto line = juce::String::repeatedString ("  ", depth);
+    line << (depth == 0 ? c.getLocalBounds() : c.getBounds()).toString() << " "
          << (description.isNotEmpty() ? description : "component " + quoted (textOf (c)));
 
     if (c.getName().isNotEmpty())
-        text << ", named " << quoted (c.getName());
+        line << ", named " << quoted (c.getName());
 
     if (auto* tip = dynamic_cast<juce::SettableTooltipClient*> (&c))
-        text << (tip->getTooltip().isNotEmpty() ? ", tip " + quoted (tip->getTooltip()) : "");
+        line << (tip->getTooltip().isNotEmpty() ? ", tip " + quoted (tip->getTooltip()) : "");
 
     if (c.getExplicitFocusOrder() > 0)
-        text << ", focus " << c.getExplicitFocusOrder();
+        line << ", focus " << c.getExplicitFocusOrder();
     else if (c.getWantsKeyboardFocus())
-        text << ", focus";
+        line << ", focus";
 
-    text << (c.isVisible() ? "" : ", hidden") << (c.getAlpha() < 1.0f ? ", faded" : "")
-         << (c.isEnabled() ? "" : ", disabled") << "\n";
+    line << (c.isVisible() ? "" : ", hidden") << (c.getAlpha() < 1.0f ? ", faded" : "")
+         << (c.isEnabled() ? "" : ", disabled");
+    lines.add (line);
 
     if (description.isEmpty())
         for (auto* child : c.getChildren())
-            append (text, *child, depth + 1);
+            append (lines, *child, depth + 1);
 }
 
-juce::String componentText (juce::Component& component)
+juce::StringArray componentText (juce::Component& component)
 {
-    juce::String text;
-    append (text, component, 0);
-    return text;
+    juce::StringArray lines;
+    append (lines, component, 0);
+    return lines;
 }

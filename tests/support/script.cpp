@@ -2,7 +2,6 @@
 #include "base/ordinaryFile.h"
 #include "net/storeAddress.h"
 #include "sandbox/archiveWriter.h"
-#include "tests/support/componentText.h"
 #include "tests/support/dataTable.h"
 #include <catch2/catch.hpp>
 #include <regex>
@@ -72,11 +71,6 @@ juce::StringArray scene::look()
     files.sort (false);
     lines.add ("files: " + files.joinIntoString (", "));
     return lines;
-}
-
-void scene::describe (juce::Component& component)
-{
-    events.addLines (componentText (component).trimEnd());
 }
 
 /** What came of an act since `shown` was to be seen, which becomes what is to be seen now: without what differs from

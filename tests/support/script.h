@@ -28,9 +28,6 @@ struct scene
 
     /** What happened, other than messages to the owner and boxes. */
     juce::StringArray events;
-
-    /** Notes what a person would find in a component. */
-    void describe (juce::Component&);
 };
 
 /** Plays tests/expected/NAME.txt: "# ..." begins a scene, "> open | A | B" is something that a person, the
