@@ -57,11 +57,6 @@ struct start : scene
         acts["the source goes"] = [] (auto&) { guiDataSource = nullptr; };
     }
 
-    ~start() override
-    {
-        forgetInstallation();
-    }
-
     /** A part of a picture's file, in the folder that the interface's pictures come from. */
     void writePicture (const juce::String& name, int width, size_t divisor) const
     {
