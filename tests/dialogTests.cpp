@@ -221,9 +221,9 @@ TEST_CASE ("a window of its own: centred, filled by the dialog, dragged by its t
     juce::Desktop::setMousePosition (grip);
     click (title, 100, 12);
     juce::Desktop::setMousePosition (grip + way);
-    mouse (title, 0, 0,
-           juce::ModifierKeys::
-               leftButtonModifier); // an event from before the move counts as little as its position
+
+    // An event from before the move counts as little as its position.
+    mouse (title, 0, 0, juce::ModifierKeys::leftButtonModifier);
     CHECK (window.getPosition() == start + way);
     mouse (title, 0, 0);
 

@@ -10,8 +10,6 @@
     #include <unistd.h>
 #endif
 
-static const auto times = juce::String::repeatedString;
-
 static bool replace (const juce::File& target, const juce::String& content = "new")
 {
     safeFileWriter writer (target);
@@ -83,6 +81,7 @@ TEST_CASE_METHOD (temporaryInstallation, "pipes, links and others' files under s
 TEST_CASE_METHOD (temporaryInstallation, "programs that write into one folder do not mix what they write")
 {
     const auto file = folder.getChildFile ("item.sa");
+    const auto times = juce::String::repeatedString;
     const juce::StringArray contents{ times ("a", 100000), times ("b", 100000), times ("c", 100000) };
     std::vector<std::future<int>>
         writers; // a lock belongs to the open file, so threads are as good as programs
