@@ -16,7 +16,7 @@ static void setRegistryValue (const juce::String& value)
 static juce::File settingsFile()
 {
     const juce::File config (juce::SystemStats::getEnvironmentVariable ("XDG_CONFIG_HOME", {}));
-    const auto file = config.getChildFile ("Dorvik Electronics/registry.settings");
+    auto file = config.getChildFile ("Dorvik Electronics/registry.settings");
     REQUIRE (file.create().wasOk());
     return file;
 }

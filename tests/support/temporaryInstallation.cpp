@@ -21,7 +21,9 @@ juce::String abandonedName (const juce::File& folder)
 {
     const temporaryFile writing (folder, temporaryFile::readers::everybody);
     REQUIRE (writing.isOpen());
-    return folder.findChildFiles (juce::File::findFiles, false, "rigmart-*").getFirst().getFileName();
+    auto files = folder.findChildFiles (juce::File::findFiles, false);
+    files.removeIf ([] (auto& file) { return ! temporaryFile::isTemporaryName (file.getFileName()); });
+    return files.getFirst().getFileName();
 }
 
 temporaryInstallation::temporaryInstallation()
