@@ -230,6 +230,10 @@ TEST_CASE ("a window of its own: centred, filled by the dialog, dragged by its t
     // A window manager overrules: the dialog stays in the middle, whole.
     window.setSize (1000, 648);
     CHECK (dialog.getBounds() == juce::Rectangle<int> (150, 74, 700, 500));
+    CHECK (dialog.overlay()
+               .createComponentSnapshot ({ 5, 5, 1, 1 })
+               .getPixelAt (0, 0)
+               .isOpaque()); // skin around it
     window.setSize (350, 548);
     CHECK (window.getLocalArea (&dialog.bar(), dialog.bar().getLocalBounds())
            == juce::Rectangle<int> (0, 399, 350, 12));
