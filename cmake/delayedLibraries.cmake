@@ -24,7 +24,8 @@ function (make_delayed_library name)
   list (SORT functions)
   list (JOIN functions "\n" functions)
   file (WRITE ${definition} "LIBRARY ${name}.dll\nEXPORTS\n${functions}\n")
-  execute_process (COMMAND ${CMAKE_DLLTOOL} --input-def ${definition} --output-delaylib ${library}
+  # The library's path becomes part of the names in it.
+  execute_process (COMMAND ${CMAKE_DLLTOOL} --input-def ${definition} --output-delaylib lib${name}.a
                            --deterministic-libraries --temp-prefix delayed_${name}
                    WORKING_DIRECTORY ${folder} COMMAND_ERROR_IS_FATAL ANY)
 endfunction()
