@@ -75,7 +75,8 @@ endfunction()
 function (keep_symbols_apart target)
   if (CMAKE_BUILD_TYPE STREQUAL "Release")
     add_custom_command (TARGET ${target} POST_BUILD VERBATIM
-      COMMAND ${CMAKE_OBJCOPY} --only-keep-debug $<TARGET_FILE:${target}> $<TARGET_FILE:${target}>.debug
+      COMMAND ${CMAKE_COMMAND} -E env SOURCE_DATE_EPOCH=${PROGRAM_RELEASE_EPOCH}
+              ${CMAKE_OBJCOPY} --only-keep-debug $<TARGET_FILE:${target}> $<TARGET_FILE:${target}>.debug
       COMMAND ${CMAKE_COMMAND} -E env SOURCE_DATE_EPOCH=${PROGRAM_RELEASE_EPOCH}
               ${CMAKE_OBJCOPY} --strip-all --add-gnu-debuglink=$<TARGET_FILE:${target}>.debug $<TARGET_FILE:${target}>)
   endif()

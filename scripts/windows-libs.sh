@@ -64,6 +64,9 @@ cp libjpeg-turbo-*/jpegint.h "$work/install/include"
 sed -i '/^#ifndef __RPCNDR_H__/,/^#endif/ { /typedef/!d }' "$work/install/include/jconfig.h"
 grep -q '^typedef unsigned char boolean;' "$work/install/include/jconfig.h"
 
+# The assembler writes the paths of its sources into the objects.
+x86_64-w64-mingw32-strip --strip-debug --enable-deterministic-archives "$work"/install/lib/lib{png16,jpeg}.a
+
 # ---- done
 
 { echo "$key"; printf '%s\n' *.dsc; } >"$work/install/stamp"
