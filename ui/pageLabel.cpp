@@ -4,7 +4,6 @@ pageLabel::pageLabel (const juce::Font& fontToUse)
 {
     setFont (fontToUse);
     setJustificationType (juce::Justification::centredLeft);
-    setEditable (false, false, false);
     setColour (juce::TextEditor::textColourId, juce::Colours::black);
     setColour (juce::TextEditor::backgroundColourId, juce::Colours::transparentBlack);
 }
