@@ -1,6 +1,7 @@
 #include "tests/support/componentText.h"
 #include "tests/support/script.h"
 #include "ui/dialogRectTable.h"
+#include "ui/focusKeeper.h"
 #include "ui/jpseudomodaldialog.h"
 #include <catch2/catch.hpp>
 
@@ -258,4 +259,22 @@ TEST_CASE ("a window that nobody sizes appears by itself, and goes with its over
     drainMessages();
     CHECK (window == nullptr);
     CHECK (owner.calls == juce::StringArray());
+}
+
+TEST_CASE ("a control that comes up behind a message box has the keyboard after it")
+{
+    recordingListener owner;
+    auto& dialog = *new testDialog (nullptr, owner);
+    auto& window = *dialog.getTopLevelComponent();
+    juce::TextButton control;
+    dialog.setDialogSize (200, 100);
+    dialog.addChildComponent (control);
+    waitFor ("the window is active", [&] { return window.getPeer()->isFocused(); });
+    juce::Component::unfocusAllComponents();
+    {
+        const focusKeeper whileABoxIsOpen;
+        control.setVisible (true);
+    }
+    CHECK (control.hasKeyboardFocus (false));
+    delete &dialog.overlay();
 }

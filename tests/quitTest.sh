@@ -18,6 +18,7 @@ box_is_open () { is_titled "Klangora 4" && box=$(xdotool getactivewindow); }
 window_is_open () { is_titled "Dorvik Rigmart and Licenses" && window=$(xdotool getactivewindow); }
 first_is_open () { box_is_open || window_is_open; }
 accept_box () { wait_until "the box is painted" is_still "$box" && press Return; }
+has_icon () { [[ $(xprop -id "$1" _NET_WM_ICON) == *"Icon (16 x 16)"* ]] || give_up "a window has no icon"; }
 has_ended () { ! kill -0 "$program" 2>/dev/null; }
 
 click_quit () { click_in "$window" 350 -12; }
@@ -34,8 +35,10 @@ for way in click_quit tab_to_quit press_escape close_window; do
   ! box_is_open || accept_box
   wait_until "the window" window_is_open
   wait_until "the first page" is_still "$window"
+  has_icon "$window"
   "$way"
   wait_until "the question" box_is_open
+  has_icon "$box"
   accept_box
   wait_until "the end" has_ended
   wait "$program" || give_up "exit code $?"
