@@ -6,7 +6,7 @@ set -euo pipefail
 
 build=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)/build
 export WINEPREFIX=${RIGMART_WINE_PREFIX:-$build/wine-prefix}
-export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe="
+export WINEDEBUG=fixme-all WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe="
 
 # Of two runs at once, the second waits for the first one's prefix.
 mkdir -p "$build"
