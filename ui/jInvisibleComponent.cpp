@@ -84,17 +84,20 @@ void jInvisibleComponent::compose (float scale)
     composedScale = scale;
 
     shadowed = childrenUnion (*this, false).expanded (1);
-    renderBackground (shadowed);
 
     juce::Graphics g (composed);
     g.addTransform (juce::AffineTransform::scale (scale));
 
-    // Most of the work, and nothing of it would show below a dialog that fills its window with a solid skin.
-    if (! shadowed.contains (getLocalBounds()) || ! isSolid (background))
-    {
+    const auto isCovered = shadowed.contains (getLocalBounds());
+
+    if (! isCovered)
         composeSurroundings (g);
-        renderBackground (shadowed);
-    }
+
+    renderBackground (shadowed);
+
+    // Most of the work, and nothing of it would show below a dialog that fills its window with a solid skin.
+    if (isCovered && ! isSolid (background))
+        composeSurroundings (g);
 
     g.setOpacity (1.0f);
     g.drawImageAt (background, shadowed.getX(), shadowed.getY());
