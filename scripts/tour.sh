@@ -6,12 +6,6 @@
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
-# shellcheck source=scripts/display.sh
-source scripts/display.sh
-# shellcheck source=scripts/trial.sh
-source scripts/trial.sh
-# shellcheck source=scripts/person.sh
-source scripts/person.sh
 # shellcheck source=scripts/visit.sh
 source scripts/visit.sh
 

@@ -34,7 +34,7 @@ fi
 root=$2
 inside ()
 {
-  chroot "$root" env --unset=XDG_CONFIG_HOME PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root LC_ALL=C.UTF-8 \
+  chroot "$root" env --unset=XDG_CONFIG_HOME PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/home LC_ALL=C.UTF-8 \
     DEBIAN_FRONTEND=noninteractive "$@"
 }
 
@@ -42,10 +42,10 @@ inside sh -c 'apt-get -qq install --yes --no-install-recommends /tmp/dorvik-rigm
 files=$(inside dpkg --listfiles dorvik-rigmart)
 
 # What the manual page shows for /opt/klangora, blanks and all.
-mkdir -p "$root/opt/klangora/gui/klangora 4" "$root/root/.config/Dorvik Electronics"
+mkdir -p "$root/opt/klangora/gui/klangora 4" "$root/home/.config/Dorvik Electronics"
 cp assets/images/generic_background.jpg "$root/opt/klangora/gui/klangora 4"
 MANWIDTH=120 man --local-file "$root/usr/share/man/man1/dorvik-rigmart.1.gz" |
-  sed -n '/<PROPERTIES>/,/<\/PROPERTIES>/p' >"$root/root/.config/Dorvik Electronics/registry.settings"
+  sed -n '/<PROPERTIES>/,/<\/PROPERTIES>/p' >"$root/home/.config/Dorvik Electronics/registry.settings"
 
 inside dorvik-rigmart &
 program=$!

@@ -1,7 +1,13 @@
 # shellcheck shell=bash disable=SC2034,SC2154
-# To be sourced after display.sh, trial.sh and person.sh: the program's window and its message boxes, as a person
-# meets them, with an album of what was seen and a list of what was checked. The caller sets $platform and the folder
-# $pictures.
+# To be sourced in the checkout's folder: the program's window and its message boxes, as a person meets them, with an
+# album of what was seen and a list of what was checked. The caller sets $platform and the folder $pictures.
+
+# shellcheck source=scripts/display.sh
+source scripts/display.sh
+# shellcheck source=scripts/trial.sh
+source scripts/trial.sh
+# shellcheck source=scripts/person.sh
+source scripts/person.sh
 
 # Where things are in the program's window. No page shows anything that blinks or lights up in its sign.
 sign=700x36+0+95
