@@ -25,7 +25,9 @@ if (EXISTS ${stamp_file})
 endif()
 
 if (NOT present_stamp STREQUAL wanted_stamp)
-  file (REMOVE_RECURSE ${framework_dir})
+  # Headers compiled before a patch changed would be taken for their own sources when they are compiled again.
+  file (GLOB_RECURSE stale_headers ${CMAKE_BINARY_DIR}/*.gch)
+  file (REMOVE_RECURSE ${framework_dir} ${stale_headers})
   foreach (module IN LISTS framework_modules)
     file (COPY ${JUCE_MODULES_DIR}/${module} DESTINATION ${framework_dir})
   endforeach()
