@@ -472,6 +472,13 @@ public:
     {
         show ("welcome", nullptr);
         store_auth account (*this, current.getFullPathName());
+
+        // One form filled, the other begun.
+        for (int i = 0, field = 0; i < account.getNumChildComponents(); ++i)
+            if (auto* editor = dynamic_cast<juce::TextEditor*> (account.getChildComponent (i));
+                editor != nullptr && ++field <= 3)
+                editor->setText ("me@mail.example");
+
         show ("account", &account);
         store_downloads downloads (*this, current.getFullPathName());
         show ("downloads-idle", &downloads);

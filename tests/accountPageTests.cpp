@@ -161,7 +161,12 @@ struct accountPage : scene
                        + (button->getToggleState() ? ", on" : ""));
 
         for (auto* f : findAll<juce::TextEditor> (*page))
+        {
             lines.add (nameOf (*f) + " [" + f->getText() + "]");
+
+            if (f->getHighlightedText().isNotEmpty())
+                lines.add (nameOf (*f) + " is marked");
+        }
 
         return lines;
     }

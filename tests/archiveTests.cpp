@@ -122,8 +122,14 @@ TEST_CASE_METHOD (temporaryInstallation, "a folder and its fallbacks are served,
     REQUIRE (reader.open (path + "/item"));
     reader.fallback = &packed;
     packed.fallback = &under;
+    CHECK (reader.getArchivePath() == path + "/item");
+    const auto descriptors = [] {
+        return juce::File ("/proc/self/fd").getNumberOfChildFiles (juce::File::findFilesAndDirectories);
+    };
+    const auto before = descriptors();
     checkTable ("folderEntries", [&] (auto& columns) { return ask (reader, juce::String (columns[0])); });
     CHECK (ask (reader, secret) == "none");
+    CHECK (descriptors() == before);
 
     REQUIRE (folder.deleteRecursively());
     CHECK_FALSE (reader.isValid());

@@ -228,6 +228,8 @@ TEST_CASE ("a window of its own: centred, filled by the dialog, dragged by its t
     CHECK (window.getPosition() == start + way);
     mouse (title, 0, 0);
 
+    CHECK (dialog.getX() == 0);
+
     // A window manager overrules: the dialog stays in the middle, whole.
     window.setSize (1000, 648);
     CHECK (dialog.getBounds() == juce::Rectangle<int> (150, 74, 700, 500));
@@ -274,6 +276,11 @@ TEST_CASE ("a control that comes up behind a message box has the keyboard after 
     {
         const focusKeeper whileABoxIsOpen;
         control.setVisible (true);
+    }
+    CHECK (control.hasKeyboardFocus (false));
+    {
+        const focusKeeper whileABoxIsOpen;
+        window.grabKeyboardFocus();
     }
     CHECK (control.hasKeyboardFocus (false));
     delete &dialog.overlay();

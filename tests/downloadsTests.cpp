@@ -73,7 +73,24 @@ struct downloadsPage : scene, catalogueOwner
     {
         auto lines = scene::look();
         lines.add (page == nullptr ? "no page" : "status: " + status());
+
+        if (page != nullptr && listsFailure())
+            lines.add ("a failure is listed");
+
         return lines;
+    }
+
+    /** Whether there is something red below the banner. */
+    bool listsFailure() const
+    {
+        const auto picture = page->createComponentSnapshot (page->getLocalBounds().withTop (100));
+
+        for (int i = 0; i < picture.getWidth() * picture.getHeight(); ++i)
+            if (const auto c = picture.getPixelAt (i % picture.getWidth(), i / picture.getWidth());
+                c.getRed() > 200 && 3 * c.getGreen() < 2 * c.getRed())
+                return true;
+
+        return false;
     }
 };
 }

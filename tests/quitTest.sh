@@ -19,6 +19,7 @@ window_is_open () { is_titled "Dorvik Rigmart and Licenses" && window=$(xdotool 
 first_is_open () { box_is_open || window_is_open; }
 accept_box () { wait_until "the box is painted" is_still "$box" && press Return; }
 has_icon () { [[ $(xprop -id "$1" _NET_WM_ICON) == *"Icon (16 x 16)"* ]] || give_up "a window has no icon"; }
+is_of_window () { [[ $(xprop -id "$box" WM_TRANSIENT_FOR) == *"$(printf '%#x' "$window")" ]] || give_up "a box is on its own"; }
 has_ended () { ! kill -0 "$program" 2>/dev/null; }
 
 click_quit () { click_in "$window" 350 -12; }
@@ -39,6 +40,7 @@ for way in click_quit tab_to_quit press_escape close_window; do
   "$way"
   wait_until "the question" box_is_open
   has_icon "$box"
+  is_of_window
   accept_box
   wait_until "the end" has_ended
   wait "$program" || give_up "exit code $?"

@@ -80,18 +80,19 @@ static std::string overAndTint (const columns& a)
     return rawPixel (combined) + ", " + rawPixel (tinted);
 }
 
-/** What makes the outcome of a row, by the name of its table. */
+/** What makes the outcome of a row, by the name of its table. Behind a text in memory stands what would complete it. */
 static const std::map<juce::String, std::function<std::string (const columns&)>> functions
 {
     { "acceptableAddress", [] (auto& a) { return isAcceptableAddress (a[0]) ? "yes" : "no"; } },
         { "catalogue", catalogueOf },
-        { "decodedText", [] (auto& a) { return decodedText (a[0].data(), a[0].size()); } },
+        { "decodedText", [] (auto& a) { return decodedText ((a[0] + "\xb8\xdf").data(), a[0].size()); } },
         { "escapeFormText", [] (auto& a) { return escapeFormText (a[0]).toStdString(); } },
         { "keystream", keystreamOf }, { "overAndTint", overAndTint }, { "redirects", redirectOf },
         { "scrambled", [] (auto& a) { return scrambleText (a[0], 5172093, 41927506).toStdString(); } },
         { "targetPath", targetOf },
         { "unscrambled", [] (auto& a) { return unscrambleText (a[0], 5172093, 41927506).toStdString(); } },
-        { "validText", [] (auto& a) { return validText (a[0].data(), a[0].size()).toStdString(); } },
+        { "validText",
+          [] (auto& a) { return validText ((a[0] + "\x80\x80").data(), a[0].size()).toStdString(); } },
         { "xmlDocuments", documentOf },
 #if ! JUCE_DEBUG // whose assertions look through the rest of the text at every piece
         { "xmlLongTexts", documentOf },

@@ -172,4 +172,8 @@ TEST_CASE ("the lines of a message box are of much the same length, and can be s
         box.keyPressed (juce::KeyPress (key, juce::ModifierKeys::commandModifier, 0));
 
     CHECK (juce::SystemClipboard::getTextFromClipboard() == question);
+    CHECK_FALSE (text.getWantsKeyboardFocus()); // where Return would not press a button
+
+    messageBox three ({}, {}, { "One", "Two", "Three" }, juce::MessageBoxIconType::NoIcon, nullptr);
+    CHECK (findAll<juce::TextButton> (three).size() == 3);
 }

@@ -37,6 +37,4 @@ void lookAndFeelKlangora::GlassWindowButton::paintButton (juce::Graphics& g, boo
     const auto glyph = disc.withSizeKeepingCentre (glyphShare * diameter, glyphShare * diameter);
     g.setColour (juce::Colours::white.withAlpha (0.9f * alpha));
     g.fillPath (shape, shape.getTransformToScaleToFit (glyph, true));
-
-    drawFocusRing (g, *this, disc, 0.5f * diameter);
 }
