@@ -45,7 +45,10 @@ struct accountPage : scene
         acts["return"] = [this] (auto& a) {
             field (a[0]).keyPressed (juce::KeyPress (juce::KeyPress::returnKey));
         };
-        acts["focus"] = [this] (auto& a) { focus (field (a[0])); };
+        acts["focus"] = [this] (auto& a) {
+            focus (field (a[0]));
+            events.add ("marked: " + field (a[0]).getHighlightedText());
+        };
         acts["Caps Lock"] = [this] (auto&) {
             capsLock = true;
             waitFor ("the hint", [this] { return capsLockHint().isNotEmpty(); });
@@ -161,12 +164,7 @@ struct accountPage : scene
                        + (button->getToggleState() ? ", on" : ""));
 
         for (auto* f : findAll<juce::TextEditor> (*page))
-        {
             lines.add (nameOf (*f) + " [" + f->getText() + "]");
-
-            if (f->getHighlightedText().isNotEmpty())
-                lines.add (nameOf (*f) + " is marked");
-        }
 
         return lines;
     }
