@@ -61,6 +61,7 @@ pageBanner::pageBanner (motif motifToShow)
 
 void pageBanner::draw (juce::Graphics& g, juce::RectanglePlacement placement)
 {
+    g.setColour (juce::Colours::black);
     g.setImageResamplingQuality (juce::Graphics::highResamplingQuality);
     g.drawImageWithin (pictureFor (g.getInternalContext().getPhysicalPixelScaleFactor()), bounds.getX(),
                        bounds.getY(), bounds.getWidth(), bounds.getHeight(), placement, false);
