@@ -53,6 +53,7 @@ TEST_CASE ("the list of outcomes shows the three newest ones, and scrolls back t
     CHECK ((pictureOf (6, { 1000 }) == pictureOf (3)));
     CHECK ((pictureOf (6, { 1000, -1000 }) == pictureOf (6)));
     CHECK ((pictureOf (1) != pictureOf (0)));
+    CHECK ((pictureOf (3, { 1000 }) == pictureOf (3)));
 }
 
 /** Where something bright is in a picture. */
@@ -148,6 +149,11 @@ TEST_CASE ("a message box fits the screen with its buttons; all its text can be 
         box.keyPressed (juce::KeyPress (juce::KeyPress::endKey));
         const auto& text = *findAll<juce::TextEditor> (box).front();
         CHECK ((atTop == picture()) == (text.getHeight() < screen.getHeight() / 2));
+
+        for (auto key : { juce::KeyPress::homeKey, juce::KeyPress::pageDownKey }) // which skips no line
+            box.keyPressed (juce::KeyPress (key));
+
+        CHECK (findAll<juce::Viewport> (box).front()->getViewPositionY() < text.getHeight());
 
         for (auto* button : findAll<juce::TextButton> (box))
         {
