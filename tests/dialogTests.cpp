@@ -228,8 +228,6 @@ TEST_CASE ("a window of its own: centred, filled by the dialog, dragged by its t
     CHECK (window.getPosition() == start + way);
     mouse (title, 0, 0);
 
-    CHECK (dialog.getX() == 0);
-
     // A window manager overrules: the dialog stays in the middle, whole.
     window.setSize (1000, 648);
     CHECK (dialog.getBounds() == juce::Rectangle<int> (150, 74, 700, 500));
@@ -268,9 +266,10 @@ TEST_CASE ("a control that comes up behind a message box has the keyboard after 
     recordingListener owner;
     auto& dialog = *new testDialog (nullptr, owner);
     auto& window = *dialog.getTopLevelComponent();
-    juce::TextButton control;
+    juce::TextButton control, other;
     dialog.setDialogSize (200, 100);
     dialog.addChildComponent (control);
+    dialog.addChildComponent (other);
     waitFor ("the window is active", [&] { return window.getPeer()->isFocused(); });
     juce::Component::unfocusAllComponents();
     {
@@ -280,7 +279,8 @@ TEST_CASE ("a control that comes up behind a message box has the keyboard after 
     CHECK (control.hasKeyboardFocus (false));
     {
         const focusKeeper whileABoxIsOpen;
-        window.grabKeyboardFocus();
+        other.setVisible (true);
+        other.grabKeyboardFocus();
     }
     CHECK (control.hasKeyboardFocus (false));
     delete &dialog.overlay();
