@@ -13,23 +13,29 @@ dialogWindow::dialogWindow (jpseudomodaldialog& dialogToShow, const juce::String
     setWantsKeyboardFocus (false); // the content takes it
     setTitleBarHeight (0);
     setDropShadowEnabled (hasShadow);
-    addToDesktop();
+    makeNativeWindow();
 
     const auto* display = juce::Desktop::getInstance().getDisplays().getPrimaryDisplay();
     setBounds (juce::Rectangle<int> (firstSize, firstSize)
                + (display->userArea.getCentre() - juce::Point<int> (firstSize / 2, firstSize / 2)));
-    windowHints::setIcon (*this);
-
-#if JUCE_WINDOWS
-    repaints.emplace (*this);
-#endif
-
     triggerAsyncUpdate();
 }
 
 dialogWindow::~dialogWindow()
 {
     clearContentComponent();
+}
+
+void dialogWindow::makeNativeWindow()
+{
+    repaints.reset();
+    removeFromDesktop();
+    addToDesktop();
+    windowHints::setIcon (*this);
+
+#if JUCE_WINDOWS
+    repaints.emplace (*this);
+#endif
 }
 
 void dialogWindow::setContentSize (juce::Rectangle<int> size)
@@ -62,6 +68,11 @@ void dialogWindow::handleAsyncUpdate()
         delete this;
         return;
     }
+
+#if JUCE_WINDOWS
+    // Wine now and then goes back to the first size that a window had, also when it was not seen yet.
+    makeNativeWindow();
+#endif
 
     setVisible (true);
 

@@ -35,6 +35,7 @@ public:
     void resized() override;
 
 private:
+    void makeNativeWindow(); // of the present size, in place of one that there is
     void closeButtonPressed() override;
     juce::BorderSize<int> getBorderThickness() override;
     void childBoundsChanged (juce::Component*) override;
