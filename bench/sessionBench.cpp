@@ -37,7 +37,7 @@ public:
           port (relay.readLine())
     {}
 
-    std::string origin() const { return "https://127.0.0.1:" + port; }
+    std::string origin() const { return "https://localhost:" + port; }
 
     /** Ends both and tells of how many there were more, connections or full TLS handshakes. */
     int connections()

@@ -12,7 +12,7 @@ work=$(mktemp -d)
 trap 'rm -r "$work"' EXIT
 
 openssl req -x509 -newkey ec -pkeyopt ec_paramgen_curve:P-256 -nodes -keyout "$work/key" -out "$work/certificate" \
-  -days 2 -subj /CN=127.0.0.1 -addext subjectAltName=IP:127.0.0.1 2>"$work/log"
+  -days 2 -subj /CN=localhost -addext subjectAltName=DNS:localhost 2>"$work/log"
 cat "$bundle" "$work/certificate" >"$work/bundle"
 
 # shellcheck disable=SC2016    # these are the inner shell's
