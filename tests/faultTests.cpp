@@ -23,7 +23,7 @@ struct systemFault
     bool hasHappened = false;
 };
 
-static systemFault* fault = nullptr; // none
+static thread_local systemFault* fault = nullptr; // none; the product works on one thread
 
 static std::string pathOf (const char* path)
 {
